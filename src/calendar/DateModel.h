@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <optional>
+
+#include "calendar/DayGrid.h"
+
+// The year on show and the one after it, laid out as month sheets. Every store that keeps
+// something per day finds the day's cell here, by its "mm/dd/yy" text, and then uses the same
+// cell in its own grid. The two years are kept and searched separately: their two-digit texts
+// would otherwise be confused a century apart.
+using DateHolderGrid = DayGrid<QString>;
+
+// The text of a cell that holds no day.
+inline const QString kBlankDay = QString(8, QLatin1Char(' '));
+
+class DateModel {
+public:
+    DateModel();
+
+    // Working date fields, set whenever the selected date changes.
+    QDate SelectedDate;
+    qint16 SelectedDay = 0;
+    QDate FirstOfMonth;
+    qint16 SelectedMonth = 0;
+    qint16 ThisYear = 0;
+    QDate YearStart;
+    QDate YearEnd;
+    bool LeapYear = false;
+    // The day being placed while a grid is filled, its weekday column (1 = Sunday) and its
+    // week row within the month (1-6).
+    QDate CursorDate;
+    qint16 CursorWeekday = 0;
+    float CursorWeek = 0;
+
+    DateHolderGrid DateHolder;
+    DateHolderGrid NextDateHolder;
+
+    // From SelectedDate: the day, month and year fields and the year's first and last day.
+    void SetYearBounds();
+    // Blanks every cell of both years' holders.
+    void ClearDateHolders();
+    // Fills DateHolder for ThisYear (and sets LeapYear).
+    void AssignThisYearsDateHolders();
+    // Fills NextDateHolder for the year after ThisYear.
+    void AssignNextYearsDateholders();
+
+    // Moves the selection; on a change of year both years' holders are refilled. Returns true
+    // when the year changed.
+    bool SelectDate(const QDate& date);
+
+    // The holder that covers date (this year's or next year's), or null for any other year.
+    const DateHolderGrid* HolderFor(const QDate& date) const;
+    bool IsNextYear(const QDate& date) const { return date.year() == ThisYear + 1; }
+
+    // The cell of date in its year's holder; nullopt for a date of neither year.
+    std::optional<CellIndex> FindDay(const QDate& date) const;
+    // The date a cell of this year's (or next year's) holder shows; invalid for a blank cell.
+    QDate DateAt(const CellIndex& cell, bool nextYear) const;
+
+private:
+    // Lays the days of year into holder, month by month; returns the number of days.
+    int FillHolder(DateHolderGrid& holder, int year);
+};
+
+bool IsLeapYear(int year);
+
+// The first cell of holder whose text is mmddyy.
+std::optional<CellIndex> FindInHolder(const DateHolderGrid& holder, const QString& mmddyy);

@@ -1,0 +1,18 @@
+#include "calendar/DayGrid.h"
+
+QString CellIndex::Code() const {
+    const auto two = [](int n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); };
+    return two(month) + two(weekday) + two(week);
+}
+
+std::optional<CellIndex> CellIndex::FromCode(QStringView code) {
+    if (code.size() != 6)
+        return std::nullopt;
+    bool ok[3] = {};
+    const CellIndex cell{code.mid(0, 2).toInt(&ok[0]), code.mid(2, 2).toInt(&ok[1]),
+                         code.mid(4, 2).toInt(&ok[2])};
+    if (!ok[0] || !ok[1] || !ok[2] || cell.month < 0 || cell.month >= kMonths || cell.weekday < 0 ||
+        cell.weekday >= kWeekdays || cell.week < 0 || cell.week >= kWeekRows)
+        return std::nullopt;
+    return cell;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <optional>
+
+// How a calendar view shows one day. The subsystems that keep something per day (marks,
+// holidays, birthdays, notes, planners) each add what they know through a decorator.
+struct DayLook {
+    // The mark colour (0x00BBGGRR) the day is painted in; nullopt when it is unmarked.
+    std::optional<quint32> markColor;
+    // The mouse-over text of the day.
+    QString hoverText;
+    // Short texts written into the day cell (holiday and birthday names).
+    QStringList captions;
+    bool hasNotes = false;
+    bool hasPlanner = false;
+};
+
+using DayDecorator = std::function<void(const QDate& date, DayLook& look)>;

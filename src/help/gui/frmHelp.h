@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+
+class HelpTopics;
+class QListWidget;
+class QLineEdit;
+class QPlainTextEdit;
+class Services;
+
+// "Orvanta Help": the help topics in a list, the chosen topic's description beside it, and a
+// search for a phrase through the topics.
+class frmHelp : public QWidget {
+    Q_OBJECT
+public:
+    frmHelp(const HelpTopics& topics, Services& services, QWidget* parent = nullptr);
+
+    void SelectTopic(int topic);
+
+    // index 0: "Find Now" (from the first topic), 1: "Find Again" (after the last hit).
+    void cmdSearch_Click(int index);
+    void lstHelp_Click();
+    void mnuHelp_Click();
+
+private:
+    const HelpTopics& topics_;
+    Services& services_;
+    QListWidget* lstHelp_;
+    QPlainTextEdit* txtHelp_;
+    QLineEdit* txtSearch_;
+    // The topic of the last hit of this search; -1 before the first.
+    int lastHit_ = -1;
+};

@@ -1,0 +1,48 @@
+#include "shell/DateInput.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+int MonthOfName(const QString& name) {
+    for (int month = 1; month <= 12; ++month) {
+        const QString full = QDate(2000, month, 1).toString(QStringLiteral("MMMM"));
+        if (name.size() >= 3 && full.startsWith(name, Qt::CaseInsensitive))
+            return month;
+    }
+    return 0;
+}
+
+int FullYear(const QString& digits, int nearYear) {
+    const int year = digits.toInt();
+    if (digits.size() > 2)
+        return year;
+    int full = nearYear - nearYear % 100 + year;
+    if (full - nearYear > 50)
+        full -= 100;
+    else if (nearYear - full > 50)
+        full += 100;
+    return full;
+}
+
+}  // namespace
+
+QDate ParseDateInput(const QString& text, int nearYear) {
+    const QString input = text.trimmed();
+    static const QRegularExpression numeric(
+        QStringLiteral("^(\\d{1,2})[/.-](\\d{1,2})[/.-](\\d{2}|\\d{4})$"));
+    static const QRegularExpression iso(QStringLiteral("^(\\d{4})-(\\d{1,2})-(\\d{1,2})$"));
+    static const QRegularExpression named(
+        QStringLiteral("^([A-Za-z]+)\\.?\\s+(\\d{1,2}),?\\s+(\\d{2}|\\d{4})$"));
+    if (const auto m = iso.match(input); m.hasMatch())
+        return QDate(m.captured(1).toInt(), m.captured(2).toInt(), m.captured(3).toInt());
+    if (const auto m = numeric.match(input); m.hasMatch())
+        return QDate(FullYear(m.captured(3), nearYear), m.captured(1).toInt(),
+                     m.captured(2).toInt());
+    if (const auto m = named.match(input); m.hasMatch()) {
+        const int month = MonthOfName(m.captured(1));
+        return month ? QDate(FullYear(m.captured(3), nearYear), month, m.captured(2).toInt())
+                     : QDate();
+    }
+    return {};
+}

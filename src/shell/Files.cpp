@@ -1,0 +1,82 @@
+#include "shell/Files.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include "shell/Dialogs.h"
+#include "shell/VbError.h"
+
+namespace {
+
+// The entry of dir called name in any letter case, of the kind asked for, or empty.
+QString MatchEntry(const QString& dir, const QString& name, QDir::Filters kind) {
+    const QString exact = dir + name;
+    const QFileInfo exactInfo(exact);
+    if (exactInfo.exists() && ((kind & QDir::Dirs) ? exactInfo.isDir() : !exactInfo.isDir()))
+        return exact;
+    const QDir listing(dir);
+    const QStringList entries =
+        listing.entryList(kind | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    for (const QString& entry : entries) {
+        if (entry.compare(name, Qt::CaseInsensitive) == 0)
+            return dir + entry;
+    }
+    return {};
+}
+
+QStringList PartsOf(const QString& relative) {
+    static const QRegularExpression separators(QStringLiteral("[\\\\/]"));
+    return relative.split(separators, Qt::SkipEmptyParts);
+}
+
+}  // namespace
+
+QString MakeAppFolder(const QString& folder) {
+    const QString clean = QDir::cleanPath(QDir(folder).absolutePath());
+    return clean.endsWith(QLatin1Char('/')) ? clean : clean + QLatin1Char('/');
+}
+
+QString JoinPath(const QString& folder, const QString& relative) {
+    QString tail = relative;
+    tail.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    return folder + tail;
+}
+
+bool FileExists(const QString& folder, const QString& name, QString* realPath) {
+    const QStringList parts = PartsOf(name);
+    if (parts.isEmpty())
+        return false;
+    QString dir = folder;
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        const bool last = i == parts.size() - 1;
+        const QString found = MatchEntry(dir, parts[i], last ? QDir::Files : QDir::Dirs);
+        if (found.isEmpty())
+            return false;
+        dir = last ? found : found + QLatin1Char('/');
+    }
+    if (realPath)
+        *realPath = dir;
+    return true;
+}
+
+bool FolderExists(Dialogs& dialogs, const QString& parent, const QString& name, QString* realPath) {
+    if (!QFileInfo(parent).isDir() || !QFileInfo(parent).isReadable()) {
+        const VbError error(err::PathNotFound);
+        dialogs.MsgBox(QStringLiteral("Error encountered during Events Folder check.") + kCrLf +
+                       QStringLiteral("Error Number: ") + QString::number(error.number()) + kCrLf +
+                       QStringLiteral("Error Description: ") + error.description());
+        return false;
+    }
+    const QString found = MatchEntry(parent, name, QDir::Dirs);
+    if (found.isEmpty())
+        return false;
+    if (realPath)
+        *realPath = found + QLatin1Char('/');
+    return true;
+}
+
+void ClearAttributes(const QString& path) {
+    QFile file(path);
+    file.setPermissions(file.permissions() | QFile::ReadOwner | QFile::WriteOwner);
+}

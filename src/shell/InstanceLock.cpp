@@ -1,0 +1,27 @@
+#include "shell/InstanceLock.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+InstanceLock::InstanceLock(const QString& appFolder)
+    : lock_(std::make_unique<QLockFile>(LockPathFor(appFolder))) {
+    // A running copy may hold the lock for weeks; only a dead owner makes it stale.
+    lock_->setStaleLockTime(0);
+}
+
+bool InstanceLock::TryAcquire() {
+    return lock_->tryLock(0);
+}
+
+QString InstanceLock::LockPathFor(const QString& appFolder) {
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (folder.isEmpty())
+        folder = QDir::tempPath();
+    const QString canonical = QFileInfo(appFolder).canonicalFilePath();
+    const QByteArray key = (canonical.isEmpty() ? appFolder : canonical).toUtf8();
+    const QByteArray hash = QCryptographicHash::hash(key, QCryptographicHash::Sha1).toHex();
+    return folder + QStringLiteral("/orvanta-") + QString::fromLatin1(hash.left(16)) +
+           QStringLiteral(".lock");
+}

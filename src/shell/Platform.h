@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+// What the program asks of the desktop around it: opening web pages and e-mail drafts, the
+// beep, printers, shortcuts and the clipboard. Tests record the calls instead.
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    // Opens a web address or a "mailto:" draft with the desktop's default handler.
+    virtual bool OpenUrl(const QString& url) = 0;
+    virtual void Beep() = 0;
+    virtual bool PrinterPresent() = 0;
+    virtual void SetClipboardText(const QString& text) = 0;
+
+    // Adds a launcher called name for the program file target to the user's applications
+    // menu. Throws VbError when that is impossible.
+    virtual void CreateShortcut(const QString& name, const QString& target) = 0;
+};

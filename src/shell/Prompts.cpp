@@ -1,0 +1,68 @@
+#include "shell/Prompts.h"
+
+#include "shell/Dialogs.h"
+
+namespace {
+
+bool Call(const std::function<bool()>& query) {
+    return query && query();
+}
+
+void Run(const std::function<void()>& action) {
+    if (action)
+        action();
+}
+
+// One Yes/No/Cancel question about unsaved work. Returns false when the user cancelled.
+bool AskToSave(Dialogs& dialogs, ChangeFlags& flags, const QString& text, const QString& title,
+               const std::function<void()>& onYes, const std::function<void()>& onNo) {
+    const int answer = dialogs.MsgBox(text, vb::YesNoCancel | vb::Question, title);
+    if (answer == vb::Cancel) {
+        flags.CancelRequested = true;
+        return false;
+    }
+    if (answer == vb::Yes)
+        onYes();
+    else
+        onNo();
+    return true;
+}
+
+}  // namespace
+
+bool IllegalFileName(Dialogs& dialogs, const QString& name) {
+    static const QString kIllegal = QStringLiteral("/\\:*?<>|");
+    for (const QChar c : kIllegal) {
+        if (name.contains(c)) {
+            dialogs.MsgBox(QStringLiteral("Action Cancelled. File Name cannot include any of ") +
+                           kCrLf + QStringLiteral("the following characters: / \\ : * ? < > |"));
+            return true;
+        }
+    }
+    return false;
+}
+
+void PromptUnsavedChanges(Dialogs& dialogs, ChangeFlags& flags, const EditorHooks& editors) {
+    flags.CancelRequested = false;
+    if (flags.MonthIconsChanged &&
+        !AskToSave(
+            dialogs, flags,
+            QStringLiteral("Monthly Icons have been changed. Do you want to save those changes?"),
+            QStringLiteral("Month Has Changed"),
+            [&] { Run(flags.TemplateMode ? editors.saveTemplateIcons : editors.saveMonthIcons); },
+            [&] { flags.MonthIconsChanged = flags.TemplateMode = false; }))
+        return;
+    if (Call(editors.plannerOpen) && flags.PlannerChanged &&
+        !AskToSave(
+            dialogs, flags,
+            QStringLiteral("The Planner has been changed. Do you want to save those changes?"),
+            QStringLiteral("Planner Has Changed"), [&] { Run(editors.savePlanner); },
+            [&] { flags.PlannerChanged = false; }))
+        return;
+    if (Call(editors.notesOpen) && flags.NotesChanged)
+        AskToSave(
+            dialogs, flags,
+            QStringLiteral("The Notes have been changed. Do you want to save those changes?"),
+            QStringLiteral("Notes Have Changed"), [&] { Run(editors.saveNotes); },
+            [&] { flags.NotesChanged = false; });
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+// Every data file is single-byte text (windows-1252) with lines ended by CR LF. This is the one
+// place that turns such bytes into text and back.
+namespace textfile {
+
+QString Decode(const QByteArray& bytes);
+
+// The first character of text that a data file cannot hold, if any.
+std::optional<QString> FirstUnstorableCharacter(const QString& text);
+
+// The message that refuses to save text holding such a character.
+QString UnstorableCharacterMessage(const QString& character);
+
+// Bytes of text; throws VbError when a character cannot be stored.
+QByteArray Encode(const QString& text);
+
+// Splits text into lines: CR LF, a lone CR or a lone LF ends a line; a final line end does
+// not start another (empty) line.
+QStringList SplitLines(const QString& text);
+
+// Reads a whole file (error 53 when it is missing, 75 when it cannot be read).
+QString ReadAll(const QString& path);
+QStringList ReadLines(const QString& path);
+
+// Replaces path with exactly text. The old file stays whole until the new one is complete on
+// disk, so a full disk or a crash never leaves a torn file.
+void WriteAll(const QString& path, const QString& text);
+
+// Joins lines with CR LF, without a line break after the last one.
+QString JoinLines(const QStringList& lines);
+
+// Saves the file name (relative to folder) keeping its previous version: an existing file is
+// renamed to the same name with the extension ".bak" (replacing an older backup), then content
+// is written. Empty content writes nothing, which leaves only the backup.
+void WriteWithBackup(const QString& folder, const QString& name, const QString& content);
+
+// The backup name of a file name: its extension replaced by ".bak".
+QString BackupName(const QString& name);
+
+}  // namespace textfile

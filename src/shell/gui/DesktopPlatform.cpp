@@ -1,0 +1,42 @@
+#include "shell/gui/DesktopPlatform.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QDir>
+#include <QPrinterInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include "shell/VbError.h"
+
+bool DesktopPlatform::OpenUrl(const QString& url) {
+    return QDesktopServices::openUrl(QUrl(url));
+}
+
+void DesktopPlatform::Beep() {
+    QApplication::beep();
+}
+
+bool DesktopPlatform::PrinterPresent() {
+    return !QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
+void DesktopPlatform::SetClipboardText(const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+}
+
+void DesktopPlatform::CreateShortcut(const QString& name, const QString& target) {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation);
+    if (folder.isEmpty() || !QDir().mkpath(folder))
+        Raise(err::PathNotFound);
+    QSaveFile file(folder + QLatin1Char('/') + name + QStringLiteral(".desktop"));
+    if (!file.open(QIODevice::WriteOnly))
+        Raise(err::PermissionDenied);
+    const QByteArray entry = QByteArrayLiteral("[Desktop Entry]\nType=Application\nName=") +
+                             name.toUtf8() + QByteArrayLiteral("\nExec=") + target.toUtf8() +
+                             QByteArrayLiteral("\nTerminal=false\nCategories=Office;Calendar;\n");
+    if (file.write(entry) != entry.size() || !file.flush() || !file.commit())
+        Raise(err::PathFileAccessError, file.errorString());
+}

@@ -1,0 +1,250 @@
+// The panels around the child area of the main window and their controls.
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "shell/DateFormats.h"
+#include "shell/gui/Controls.h"
+#include "shell/gui/Icons.h"
+#include "shell/gui/frmMain.h"
+
+namespace {
+
+constexpr int kFirstYear = 1900;
+constexpr int kLastYear = 2200;
+constexpr int kToDoItems = 10;
+
+template <class Widget>
+Widget* Named(Widget* widget, const QString& name, const QString& toolTip = {}) {
+    widget->setObjectName(name);
+    if (!toolTip.isEmpty())
+        widget->setToolTip(toolTip);
+    return widget;
+}
+
+QLabel* Label(const QString& name, const QString& caption) {
+    return Named(new QLabel(caption), name);
+}
+
+QToolButton* ImageButton(const QString& name, const QIcon& icon, const QString& toolTip) {
+    auto* button = Named(new QToolButton, name, toolTip);
+    button->setIcon(icon);
+    button->setIconSize(QSize(28, 28));
+    button->setAutoRaise(true);
+    return button;
+}
+
+QLabel* Picture(const QString& name, const QPixmap& pixmap, const QString& toolTip) {
+    auto* label = Named(new QLabel, name, toolTip);
+    label->setPixmap(pixmap);
+    return label;
+}
+
+QFrame* Panel(const QString& name) {
+    auto* frame = Named(new QFrame, name);
+    frame->setFrameShape(QFrame::StyledPanel);
+    return frame;
+}
+
+}  // namespace
+
+void frmMain::BuildPanels() {
+    auto* central = new QWidget;
+    auto* column = new QVBoxLayout(central);
+    column->setContentsMargins(4, 4, 4, 4);
+    column->setSpacing(4);
+    column->addWidget(BuildTopPanel());
+
+    mdi_ = Named(new QMdiArea, QStringLiteral("mdiClient"));
+    mdi_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    mdi_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // The frame's scroll bar and scrolled area for child content larger than the frame.
+    mdi_->verticalScrollBar()->setObjectName(QStringLiteral("VScroll1"));
+    mdi_->viewport()->setObjectName(QStringLiteral("picScroll"));
+
+    auto* middle = new QHBoxLayout;
+    middle->setSpacing(4);
+    middle->addWidget(mdi_, 1);
+    middle->addWidget(BuildRightPanel());
+    column->addLayout(middle, 1);
+    column->addWidget(BuildBottomPanel());
+    column->addWidget(BuildBottomStrip());
+    setCentralWidget(central);
+}
+
+QWidget* frmMain::BuildTopPanel() {
+    QFrame* top = Panel(QStringLiteral("picTop"));
+    auto* grid = new QGridLayout(top);
+    grid->setContentsMargins(6, 4, 6, 4);
+
+    lblToday_ = Label(QStringLiteral("lblToday"), QString());
+    QFont big = lblToday_->font();
+    big.setPointSizeF(big.pointSizeF() * 1.3);
+    big.setBold(true);
+    lblToday_->setFont(big);
+    grid->addWidget(lblToday_, 0, 0, 1, 4);
+    auto* templateLabel =
+        Label(QStringLiteral("lblTemplate"), QStringLiteral("Template = Standard"));
+    grid->addWidget(templateLabel, 0, 4, Qt::AlignRight);
+
+    auto* selectors = new QHBoxLayout;
+    selectors->addWidget(Label(QStringLiteral("lblSelect"), QStringLiteral("Select >")));
+    cmbMonth_ = Named(new QComboBox, QStringLiteral("cmbMonth"));
+    for (int month = 1; month <= 12; ++month)
+        cmbMonth_->addItem(datefmt::MonthName(month));
+    cmbDay_ = Named(new QComboBox, QStringLiteral("cmbDay"));
+    cmbYear_ = Named(new QComboBox, QStringLiteral("cmbYear"));
+    for (int year = kFirstYear; year <= kLastYear; ++year)
+        cmbYear_->addItem(QString::number(year));
+    cmbYear_->setMaxVisibleItems(20);
+    selectors->addWidget(cmbMonth_);
+    selectors->addWidget(cmbDay_);
+    selectors->addWidget(cmbYear_);
+    selectors->addSpacing(12);
+    selectors->addWidget(Label(QStringLiteral("Label1"), QStringLiteral("Months >")));
+    const QStringList calTips = {QStringLiteral("View 1 Month Calendar"),
+                                 QStringLiteral("View 6 Month Calendar"),
+                                 QStringLiteral("View Yearly Calendar")};
+    const QStringList calLabels = {QStringLiteral("1"), QStringLiteral("6"), QStringLiteral("12")};
+    for (int i = 0; i < 3; ++i) {
+        selectors->addWidget(ImageButton(ArrayName(QStringLiteral("imgCal"), i),
+                                         icons::CalendarPage(calLabels[i]), calTips[i]));
+    }
+    selectors->addSpacing(12);
+    selectors->addWidget(ImageButton(ArrayName(QStringLiteral("imgOpt"), 0), icons::AdvanceArrow(),
+                                     QStringLiteral("Advance Calendar to Selected Date")));
+    selectors->addWidget(ImageButton(ArrayName(QStringLiteral("imgOpt"), 1), icons::NotesPage(),
+                                     QStringLiteral("Open Notes for Selected Date")));
+    selectors->addWidget(ImageButton(ArrayName(QStringLiteral("imgOpt"), 2), icons::PlannerPage(),
+                                     QStringLiteral("Open Planner for Selected Date")));
+    selectors->addSpacing(12);
+    auto* notes = Picture(QStringLiteral("imgNotes"), icons::NotesPage().pixmap(20, 20),
+                          QStringLiteral("Signifies Notes Exists for Hover Date"));
+    auto* planner = Picture(QStringLiteral("imgPlanner"), icons::PlannerPage().pixmap(20, 20),
+                            QStringLiteral("Signifies a Planner Exists for Hover Date"));
+    notes->setEnabled(false);
+    planner->setEnabled(false);
+    selectors->addWidget(notes);
+    selectors->addWidget(planner);
+    selectors->addStretch(1);
+    for (int i = 0; i < 3; ++i) {
+        selectors->addWidget(Picture(ArrayName(QStringLiteral("imgBDay"), i), icons::Cake(false),
+                                     QStringLiteral("No Birthdays Pending")));
+    }
+    selectors->addSpacing(12);
+    // Image 0 of imgAlert is the one shown; images 1 and 2 hold its no-alert and alert pictures.
+    const QPixmap bells[3] = {icons::Bell(false), icons::Bell(false), icons::Bell(true)};
+    for (int i = 0; i < 3; ++i) {
+        QLabel* bell = Picture(ArrayName(QStringLiteral("imgAlert"), i), bells[i],
+                               QStringLiteral("No Alerts Pending"));
+        bell->setVisible(i == 0);
+        selectors->addWidget(bell);
+    }
+    auto* alertButton = Named(new QPushButton(QStringLiteral("No Pending Alerts")),
+                              QStringLiteral("cmdAlert"), QStringLiteral("Click to View"));
+    alertButton->setEnabled(false);
+    selectors->addWidget(alertButton);
+    selectors->addWidget(Label(QStringLiteral("lblAlert"), QStringLiteral("No Pending Alerts")));
+    grid->addLayout(selectors, 1, 0, 1, 5);
+
+    // Working lists of the month's notes, planners and marker categories, kept out of sight.
+    for (const char* name :
+         {"lstNotes", "lstPlanner", "lstNotes2", "lstPlanner2", "lstMarkerCats"}) {
+        auto* list = Named(new QListWidget(top), QString::fromLatin1(name));
+        list->hide();
+    }
+    return top;
+}
+
+QWidget* frmMain::BuildRightPanel() {
+    QFrame* right = Panel(QStringLiteral("picRight"));
+    right->setFixedWidth(250);
+    auto* column = new QVBoxLayout(right);
+    column->addWidget(
+        Label(QStringLiteral("lblBirthdays"), QStringLiteral("Pending Birthdays: Sorted by Name")));
+    column->addWidget(Named(new QListWidget, QStringLiteral("lstBirthdays")), 1);
+    column->addWidget(Label(QStringLiteral("lblBirthdayDate"), QStringLiteral("Date =")));
+    column->addSpacing(6);
+    column->addWidget(
+        Label(QStringLiteral("lblAlerts"), QStringLiteral("Pending Alerts: Sorted by Message")));
+    column->addWidget(Named(new QListWidget, QStringLiteral("lstAlerts")), 1);
+    column->addWidget(Label(QStringLiteral("lblAlertDate"), QStringLiteral("Alert Date =")));
+    column->addSpacing(6);
+
+    auto* helpRow = new QHBoxLayout;
+    helpRow->addWidget(
+        Label(QStringLiteral("lblHelpSubject"), QStringLiteral("Help: Select a Topic Below")), 1);
+    auto* imgHelp = ImageButton(QStringLiteral("imgHelp"), icons::Help(),
+                                QStringLiteral("Click for Enlarged Version of Help"));
+    imgHelp->setIconSize(QSize(20, 20));
+    connect(imgHelp, &QToolButton::clicked, this, &frmMain::imgHelp_Click);
+    helpRow->addWidget(imgHelp);
+    column->addLayout(helpRow);
+    cmbHelp_ = Named(new QComboBox, QStringLiteral("cmbHelp"));
+    connect(cmbHelp_, &QComboBox::currentIndexChanged, this, &frmMain::cmbHelp_Click);
+    column->addWidget(cmbHelp_);
+    txtHelp_ = Named(new QPlainTextEdit, QStringLiteral("txtHelp"));
+    txtHelp_->setReadOnly(true);
+    column->addWidget(txtHelp_, 2);
+    return right;
+}
+
+QWidget* frmMain::BuildBottomPanel() {
+    QFrame* bottom = Panel(QStringLiteral("picBottom"));
+    bottom->setFixedHeight(190);
+    auto* row = new QHBoxLayout(bottom);
+    framTasks_ =
+        Named(new QGroupBox(QStringLiteral("Tasks for January")), QStringLiteral("framTasks"));
+    auto* tasksLayout = new QVBoxLayout(framTasks_);
+    tasksLayout->addWidget(Named(new QListWidget, QStringLiteral("lstTasks"),
+                                 QStringLiteral("Click to Open Notes or Planner")));
+    row->addWidget(framTasks_, 1);
+
+    auto* toDo =
+        Named(new QGroupBox(QStringLiteral("To Do List - Edit To Do List under \"Manage\"")),
+              QStringLiteral("framToDo"));
+    auto* items = new QGridLayout(toDo);
+    items->setVerticalSpacing(1);
+    for (int i = 0; i < kToDoItems; ++i) {
+        const int gridRow = i % 5, gridColumn = (i / 5) * 2;
+        QLabel* box =
+            Picture(ArrayName(QStringLiteral("imgChkBox"), i), icons::CheckBox(false), {});
+        items->addWidget(box, gridRow, gridColumn);
+        items->addWidget(Label(ArrayName(QStringLiteral("lblToDo"), i), QString()), gridRow,
+                         gridColumn + 1);
+    }
+    items->setColumnStretch(1, 1);
+    items->setColumnStretch(3, 1);
+    row->addWidget(toDo, 1);
+    return bottom;
+}
+
+// The strip under the bottom panel (the second of the two bottom panels).
+QWidget* frmMain::BuildBottomStrip() {
+    QFrame* strip = Panel(QStringLiteral("picBottomStrip"));
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(6, 2, 6, 2);
+    txtDate_ = Named(new QLineEdit, QStringLiteral("txtDate"),
+                     QStringLiteral("The selected date: type another and press Enter"));
+    txtDate_->setMaximumWidth(130);
+    connect(txtDate_, &QLineEdit::returnPressed, this, &frmMain::txtDate_Enter);
+    row->addWidget(txtDate_);
+    lblDate_ = Label(QStringLiteral("lblDate"), QStringLiteral("Month: September"));
+    row->addWidget(lblDate_);
+    row->addSpacing(20);
+    row->addWidget(Label(QStringLiteral("lblHoliday"), QStringLiteral("Holiday = None Chosen")));
+    row->addStretch(1);
+    row->addWidget(Label(QStringLiteral("lblCurPos"), QStringLiteral("Text Position =")));
+    return strip;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QStringList>
+
+#include "shell/Platform.h"
+#include "shell/VbError.h"
+
+// Records what the program asked of the desktop.
+class FakePlatform final : public Platform {
+public:
+    QStringList openedUrls;
+    int beeps = 0;
+    bool printer = true;
+    QString clipboard;
+    QStringList shortcuts;  // "name -> target"
+    // When set, CreateShortcut fails with this error.
+    std::optional<VbError> shortcutError;
+
+    bool OpenUrl(const QString& url) override {
+        openedUrls.append(url);
+        return true;
+    }
+    void Beep() override { ++beeps; }
+    bool PrinterPresent() override { return printer; }
+    void SetClipboardText(const QString& text) override { clipboard = text; }
+    void CreateShortcut(const QString& name, const QString& target) override {
+        if (shortcutError)
+            throw *shortcutError;
+        shortcuts.append(name + QStringLiteral(" -> ") + target);
+    }
+};
