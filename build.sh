@@ -1,0 +1,58 @@
+#!/usr/bin/env bash
+# Installs what is missing (Debian 12 packages), builds Orvanta, and then either starts it or
+# runs the whole test suite.
+#
+#   ./build.sh run [orvanta options]   build and start the program
+#   ./build.sh test                    build (warnings are errors) and run every test
+set -euo pipefail
+cd "$(dirname "$0")"
+
+PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-qpa-plugins
+          libgl-dev xvfb xauth)
+
+install_missing() {
+    local missing=() package
+    for package in "${PACKAGES[@]}"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "ok installed" ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    local sudo=""
+    [ "$(id -u)" -ne 0 ] && sudo="sudo"
+    echo "Installing: ${missing[*]}"
+    export DEBIAN_FRONTEND=noninteractive
+    $sudo apt-get install -y --no-install-recommends "${missing[@]}" ||
+        { $sudo apt-get update && $sudo apt-get install -y --no-install-recommends "${missing[@]}"; }
+}
+
+build() {
+    local werror=$1
+    cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORVANTA_WERROR="$werror" >/dev/null
+    cmake --build build --parallel
+}
+
+command=${1:-run}
+[ $# -gt 0 ] && shift
+case "$command" in
+    run)
+        install_missing
+        build OFF
+        if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
+            echo "Orvanta is built (build/orvanta), but no display was found to show its window."
+            echo "To run it without a screen, start it under a virtual display:"
+            echo "    xvfb-run -a build/orvanta $*"
+            exit 1
+        fi
+        exec build/orvanta "$@"
+        ;;
+    test)
+        install_missing
+        build ON
+        cd build
+        ctest --output-on-failure --parallel "$(nproc)"
+        ;;
+    *)
+        echo "usage: $0 run [orvanta options] | $0 test" >&2
+        exit 2
+        ;;
+esac
