@@ -117,11 +117,8 @@ int main(int argc, char** argv) {
         return 1;
     }
     InstanceLock lock(folder);
-    if (!lock.TryAcquire()) {
-        dialogs.MsgBox(QStringLiteral("Another instance of this application is already running."),
-                       vb::OKOnly | vb::Exclamation, {});
+    if (RefuseSecondInstance(lock, dialogs))
         return 1;
-    }
 
     SystemClock clock;
     DesktopPlatform platform;

@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include "shell/Dialogs.h"
+
 InstanceLock::InstanceLock(const QString& appFolder)
     : lock_(std::make_unique<QLockFile>(LockPathFor(appFolder))) {
     // A running copy may hold the lock for weeks; only a dead owner makes it stale.
@@ -24,4 +26,12 @@ QString InstanceLock::LockPathFor(const QString& appFolder) {
     const QByteArray hash = QCryptographicHash::hash(key, QCryptographicHash::Sha1).toHex();
     return folder + QStringLiteral("/orvanta-") + QString::fromLatin1(hash.left(16)) +
            QStringLiteral(".lock");
+}
+
+bool RefuseSecondInstance(InstanceLock& lock, Dialogs& dialogs) {
+    if (lock.TryAcquire())
+        return false;
+    dialogs.MsgBox(QStringLiteral("Another instance of this application is already running."),
+                   vb::OKOnly | vb::Exclamation, {});
+    return true;
 }

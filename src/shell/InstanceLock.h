@@ -20,3 +20,9 @@ public:
 private:
     std::unique_ptr<QLockFile> lock_;
 };
+
+class Dialogs;
+
+// Takes the data folder for this process; when another copy holds it, says so and returns
+// false (the program then ends).
+bool RefuseSecondInstance(InstanceLock& lock, Dialogs& dialogs);
