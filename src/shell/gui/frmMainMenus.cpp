@@ -144,18 +144,19 @@ void BuildViewMenu(QMenuBar* bar) {
                                 QStringLiteral("mnuDateDiff"));
     QMenu* standard = AddSubMenu(between, QStringLiteral("Using Standard Intervals"),
                                  QStringLiteral("mnuDateDiffS"));
-    for (const char* unit :
-         {"Years", "Quarters", "Months", "Weeks", "Days", "Hours", "Minutes", "Seconds"}) {
-        const QString name = QString::fromLatin1(unit);
-        AddItem(standard, QStringLiteral("In ") + name, QStringLiteral("mnuDateDiffS") + name);
-    }
+    AddItem(standard, QStringLiteral("In Years"), QStringLiteral("mnuDateDiffSYears"));
+    AddItem(standard, QStringLiteral("In Quarters"), QStringLiteral("mnuDateDiffSQuarters"));
+    AddItem(standard, QStringLiteral("In Months"), QStringLiteral("mnuDateDiffSMonths"));
+    AddItem(standard, QStringLiteral("In Weeks"), QStringLiteral("mnuDateDiffSWeeks"));
+    AddItem(standard, QStringLiteral("In Days"), QStringLiteral("mnuDateDiffSDays"));
+    AddItem(standard, QStringLiteral("In Hours"), QStringLiteral("mnuDateDiffSHours"));
+    AddItem(standard, QStringLiteral("In Minutes"), QStringLiteral("mnuDateDiffSMinutes"));
+    AddItem(standard, QStringLiteral("In Seconds"), QStringLiteral("mnuDateDiffSSeconds"));
     QMenu* calendar = AddSubMenu(between, QStringLiteral("Using Calendar Intervals"),
                                  QStringLiteral("mnuDateDiffC"));
-    for (const char* unit : {"Years", "Months", "Weeks"}) {
-        const QString name = QString::fromLatin1(unit);
-        AddItem(calendar, QStringLiteral("In Calendar ") + name,
-                QStringLiteral("mnuDateDiffC") + name);
-    }
+    AddItem(calendar, QStringLiteral("In Calendar Years"), QStringLiteral("mnuDateDiffCYears"));
+    AddItem(calendar, QStringLiteral("In Calendar Months"), QStringLiteral("mnuDateDiffCMonths"));
+    AddItem(calendar, QStringLiteral("In Calendar Weeks"), QStringLiteral("mnuDateDiffCWeeks"));
     QMenu* other =
         AddSubMenu(functions, QStringLiteral("Other Functions"), QStringLiteral("mnuDFuncOther"));
     AddItem(other, QStringLiteral("# of Specific Weekdays in a Period"),
