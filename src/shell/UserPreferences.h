@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <utility>
+
+class Services;
+
+// The keys of "UserPreferences.txt". Each key ends in ":" and its value follows it on the same
+// line.
+namespace prefkey {
+inline const QString SharedDirectory = QStringLiteral("Shared Directory:");
+inline const QString CompanyName = QStringLiteral("Company Name:");
+inline const QString CompanyAddress1 = QStringLiteral("Company Address 1:");
+inline const QString CompanyAddress2 = QStringLiteral("Company Address 2:");
+inline const QString CompanyCityStateZip = QStringLiteral("Company City, State Zip:");
+inline const QString CompanyPhone = QStringLiteral("Company Phone:");
+inline const QString CompanyFax = QStringLiteral("Company Fax:");
+inline const QString CompanyWebsite = QStringLiteral("Company Website:");
+inline const QString CompanyEmail = QStringLiteral("Company Email:");
+inline const QString AutoCompleteWord = QStringLiteral("Auto Complete Word:");
+inline const QString AutoStartPosition = QStringLiteral("Auto Start Position:");
+inline const QString ShowFut = QStringLiteral("Show FUT:");
+inline const QString MinimizeFut = QStringLiteral("Minimize FUT:");
+inline const QString DefaultPrinter = QStringLiteral("Default Printer:");
+inline const QString FrequentTermsFile = QStringLiteral("Frequent Terms File:");
+inline const QString LoadFutPosition = QStringLiteral("Load FUT Position:");
+inline const QString FutPosition = QStringLiteral("FUT Position:");
+inline const QString NetworkShareDrive = QStringLiteral("Network Share Drive:");
+
+// Every key the program knows, in the order a new file lists them.
+const QStringList& All();
+}  // namespace prefkey
+
+inline const QString kUserPreferencesFile = QStringLiteral("UserPreferences.txt");
+
+// The user's settings, one "Key:value" line each. The file may hold lines this version does not
+// know (written by a later version, or by hand); they are kept, in their place, when the file
+// is rewritten.
+class UserPreferences {
+public:
+    UserPreferences();
+
+    // Reads the file; a missing file leaves every setting empty.
+    void GetUserPreferences(Services& services);
+    // Rewrites the whole file: its lines in their order, then any known key it lacked.
+    void SaveUserPreferences(Services& services);
+
+    // The value of key (given with its trailing ":"); empty when the key is not set.
+    QString Value(const QString& key) const;
+    void SetValue(const QString& key, const QString& value);
+
+private:
+    void Reset();
+
+    // (key, value) in file order. A line without ":" has an empty key and is kept whole as
+    // its value.
+    QList<std::pair<QString, QString>> lines_;
+};
