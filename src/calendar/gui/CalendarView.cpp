@@ -195,9 +195,11 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
         painter.setPen(QPen(QColor(200, 0, 0), 2));
         painter.drawRect(cell.adjusted(1, 1, -1, -1));
     }
+    // The selection sits inside today's red frame, so a selected today shows both.
     if (date == state_.dates.SelectedDate) {
-        painter.setPen(QPen(palette().color(QPalette::Highlight), large ? 3 : 2));
-        painter.drawRect(cell.adjusted(2, 2, -2, -2));
+        const int inset = large ? 4 : 3;
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRect(cell.adjusted(inset, inset, -inset, -inset));
     }
 
     QFont dayFont = font();

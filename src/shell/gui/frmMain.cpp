@@ -13,6 +13,7 @@
 #include <QTimer>
 
 #include "Version.h"
+#include "calendar/DateActions.h"
 #include "calendar/gui/CalendarView.h"
 #include "help/gui/frmHelp.h"
 #include "shell/DateFormats.h"
@@ -27,12 +28,14 @@ constexpr int kMinuteMs = 60 * 1000;
 
 }  // namespace
 
-frmMain::frmMain(ProgramState& state, QWidget* parent) : QMainWindow(parent), state_(state) {
+frmMain::frmMain(ProgramState& state, QWidget* parent)
+    : QMainWindow(parent), state_(state), actions_(std::make_unique<DateActions>(state, *this)) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Orvanta - Planner and Date Management"));
     BuildPanels();
     BuildMenus();
     ConnectHandlers();
+    ConnectMarkHandlers();
     timer1_ = new QTimer(this);
     timer1_->setObjectName(QStringLiteral("Timer1"));
     timer1_->setInterval(kMinuteMs);
@@ -47,12 +50,15 @@ void frmMain::Form_Load() {
     Services& services = state_.services;
     state_.help.LoadHelpTopics(services);
     FillHelpBox();
-    // GetUserPreferences: read here, before anything that depends on a preference.
+    state_.prefs.GetUserPreferences(services);
     state_.dates.SelectedDate = services.clock.today();
     state_.dates.SetYearBounds();
-    // ReadMarkerColors: read here, before the date holders and marks.
+    state_.markerColors.ReadMarkerColors(services);
+    ShowMarkerSettings();
     state_.dates.AssignThisYearsDateHolders();
     state_.dates.AssignNextYearsDateholders();
+    state_.marks.ReadAndDisplayThisYearsMarks();
+    state_.marks.ReadAndDisplayNextYearsMarks();
     ReadAlerts();
     ReadBirthdays();
     Show1YearCalendar();

@@ -4,10 +4,14 @@
 #include <QMainWindow>
 #include <functional>
 
+#include <memory>
+
+#include "calendar/CalendarDisplay.h"
 #include "calendar/DayLook.h"
 #include "shell/Prompts.h"
 
 class CalendarView;
+class DateActions;
 class ProgramState;
 class QComboBox;
 class QGroupBox;
@@ -22,7 +26,7 @@ class QTimer;
 // The program's frame: the date selectors and indicators on top, the child windows (calendar
 // views, editors, managers) in the middle, pending birthdays, alerts and help on the right,
 // the month's tasks and the to-do list below, and the menus that reach every function.
-class frmMain : public QMainWindow {
+class frmMain : public QMainWindow, public CalendarDisplay {
     Q_OBJECT
 public:
     explicit frmMain(ProgramState& state, QWidget* parent = nullptr);
@@ -32,10 +36,14 @@ public:
     void Form_Load();
 
     // The calendar view on show: 0 none, 1 one month, 6 six months, 12 one year.
-    int ViewKind() const;
-    void Show1MonthCalendar();
-    void Show6MonthCalendar();
-    void Show1YearCalendar();
+    int ViewKind() const override;
+    void Show1MonthCalendar() override;
+    void Show6MonthCalendar() override;
+    void Show1YearCalendar() override;
+    // Repaint the marks of the view of that kind when it is on show.
+    void ReDraw1MonthDateMarks() override;
+    void ReDraw6MonthDateMarks() override;
+    void ReDrawDateMarks() override;
     CalendarView* calendarView() const;
     // Repaints the calendar on show after something it shows has changed.
     void RedrawCalendar();
@@ -77,6 +85,14 @@ private:
     QWidget* BuildBottomStrip();
     void BuildMenus();
     void ConnectHandlers();
+    void ConnectMarkHandlers();
+    // Captions, check marks and colours of the mark categories in the menus and lists.
+    void ShowMarkerSettings();
+    // After the marker settings changed: menus, open marker windows and the view.
+    void MarkerSettingsChanged();
+    void mnuManageDisplayedMarks_Click();
+    void mnuManageUserColors_Click();
+    void RedrawViewOfKind(int months);
 
     // Load steps that belong to stores filled in by their own features.
     void ReadAlerts();
@@ -98,6 +114,7 @@ private:
     bool AskToClose();
 
     ProgramState& state_;
+    std::unique_ptr<DateActions> actions_;
     EditorHooks editors_;
     QList<DayDecorator> decorators_;
     QDate todayShown_;
