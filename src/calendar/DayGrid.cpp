@@ -8,6 +8,10 @@ QString CellIndex::Code() const {
 std::optional<CellIndex> CellIndex::FromCode(QStringView code) {
     if (code.size() != 6)
         return std::nullopt;
+    // Six plain digits: no sign or blank may stand in for a leading zero.
+    for (const QChar c : code)
+        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+            return std::nullopt;
     bool ok[3] = {};
     const CellIndex cell{code.mid(0, 2).toInt(&ok[0]), code.mid(2, 2).toInt(&ok[1]),
                          code.mid(4, 2).toInt(&ok[2])};
