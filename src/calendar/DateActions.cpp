@@ -1,5 +1,7 @@
 #include "calendar/DateActions.h"
 
+#include <QRegularExpression>
+
 #include "calendar/CalendarDisplay.h"
 #include "shell/DateFormats.h"
 #include "shell/Files.h"
@@ -197,10 +199,9 @@ void DateActions::mnuOptDateRemoveAll_Click() {
 }
 
 bool DateActions::IsDriveLetter(const QString& answer) {
-    if (answer.size() != 1)
-        return false;
-    const char16_t c = answer.at(0).toUpper().unicode();
-    return c >= u'A' && c <= u'Z';
+    static const QRegularExpression letter(QStringLiteral("^[A-Z]$"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    return letter.match(answer).hasMatch();
 }
 
 void DateActions::mnuOptNetworkShare_Click() {
@@ -222,7 +223,9 @@ void DateActions::mnuOptCreateShortcut_Click(const QString& programFile) {
     state_.services.Trap("mnuOptCreateShortcut_Click", [&] {
         Dialogs& dialogs = state_.services.dialogs;
         try {
-            state_.services.platform.CreateShortcut(kShortcutName, programFile);
+            state_.services.platform.CreateShortcut(
+                kShortcutName, programFile,
+                {QStringLiteral("--data-dir"), state_.services.AppFolder});
         } catch (const VbError& error) {
             dialogs.MsgBox(kShortcutFailedPrefix + QString::number(error.number()) +
                                QStringLiteral(" : ") + error.description(),

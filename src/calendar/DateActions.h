@@ -84,7 +84,7 @@ public:
 
     void mnuOptDateRemoveAll_Click();
     void mnuOptNetworkShare_Click();
-    // programFile: the command that starts this program.
+    // programFile: the running program; the launcher starts it on this data folder.
     void mnuOptCreateShortcut_Click(const QString& programFile);
     void mnuSupportReportProblem_Click();
     void mnuSupportSendErrorLog_Click();

@@ -1,8 +1,12 @@
 #include "calendar/DayGrid.h"
 
 QString CellIndex::Code() const {
-    const auto two = [](int n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); };
-    return two(month) + two(weekday) + two(week);
+    QString code;
+    code.reserve(6);
+    AppendTwoDigits(code, month);
+    AppendTwoDigits(code, weekday);
+    AppendTwoDigits(code, week);
+    return code;
 }
 
 std::optional<CellIndex> CellIndex::FromCode(QStringView code) {

@@ -10,10 +10,6 @@ constexpr quint32 Rgb(quint32 red, quint32 green, quint32 blue) {
     return red | green << 8 | blue << 16;
 }
 
-// Reading past the last line of a file.
-constexpr int kInputPastEndOfFile = 62;
-const QString kInputPastEndOfFileText = QStringLiteral("Input past end of file");
-
 constexpr quint32 kLargestColor = 0xFFFFFF;
 
 // "caption:colour", with a trailing "*" when the category is hidden. The caption ends at the
@@ -74,7 +70,7 @@ void MarkerColors::ReadMarkerColors(Services& services) {
         const QStringList lines = textfile::ReadLines(path);
         for (int i = 0; i < kCount; ++i) {
             if (i >= lines.size())
-                Raise(kInputPastEndOfFile, kInputPastEndOfFileText);
+                Raise(err::InputPastEndOfFile);
             entries_[i] = ParseLine(lines[i]);
         }
     });

@@ -8,10 +8,6 @@
 
 namespace {
 
-QString TwoDigits(int n) {
-    return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
-}
-
 // The value a read mark takes in MarkSet: true.
 constexpr qint16 kMarked = -1;
 
@@ -21,8 +17,10 @@ constexpr qsizetype kColorStart = 9;
 constexpr qsizetype kHoverSearchStart = 8;
 
 int IndexField(const QString& line, qsizetype start, int limit) {
-    const int value = ToInt(line.mid(start, 2));
-    if (value < 0 || value >= limit)
+    const int value = TwoDigitsAt(line, start);
+    if (value < 0)
+        Raise(err::TypeMismatch);
+    if (value >= limit)
         Raise(err::SubscriptOutOfRange);
     return value;
 }
@@ -72,20 +70,25 @@ void DateMarks::SaveYear(bool nextYear, const char* procedure) {
     services_.Trap(procedure, [&] {
         const DayGrid<qint32>& category = CategoryTable(nextYear);
         const DayGrid<QString>& hover = HoverTable(nextYear);
-        QStringList lines;
+        QString text;
+        text.reserve(kCells * 16);
         SetTable(nextYear).ForEach([&](const CellIndex& cell, qint16 marked) {
             if (marked == 0)
                 return;
-            QString line = TwoDigits(cell.month) + QLatin1Char(':') + TwoDigits(cell.weekday) +
-                           QLatin1Char(':') + TwoDigits(cell.week) + QLatin1Char(':') +
-                           QString::number(category[cell]);
+            if (!text.isEmpty())
+                text += kCrLf;  // between lines only: none after the last
+            AppendTwoDigits(text, cell.month);
+            text += QLatin1Char(':');
+            AppendTwoDigits(text, cell.weekday);
+            text += QLatin1Char(':');
+            AppendTwoDigits(text, cell.week);
+            text += QLatin1Char(':');
+            text += QString::number(category[cell]);
             if (!hover[cell].isEmpty())
-                line += QLatin1Char('-') + hover[cell];
-            lines.append(line);
+                text += QLatin1Char('-') + hover[cell];
         });
         // No marks: the old file becomes the backup and no current file is written.
-        textfile::WriteWithBackup(services_.AppFolder, FileName(YearOf(nextYear)),
-                                  textfile::JoinLines(lines));
+        textfile::WriteWithBackup(services_.AppFolder, FileName(YearOf(nextYear)), text);
     });
 }
 
@@ -109,8 +112,8 @@ void DateMarks::ReadYear(bool nextYear, const char* procedure, const QString& fi
             const CellIndex cell{IndexField(line, 0, kMonths), IndexField(line, 3, kWeekdays),
                                  IndexField(line, 6, kWeekRows)};
             const qsizetype dash = line.indexOf(QLatin1Char('-'), kHoverSearchStart);
-            const qint32 color =
-                ToInt(dash < 0 ? line.mid(kColorStart) : line.mid(kColorStart, dash - kColorStart));
+            const QStringView field = QStringView(line).mid(kColorStart);
+            const qint32 color = ToInt(dash < 0 ? field : field.left(dash - kColorStart));
             set[cell] = kMarked;
             category[cell] = color;
             if (dash >= 0)

@@ -25,7 +25,9 @@ QList<HelpTopic> HelpTopics::Parse(const QString& text) {
         const qsizetype colon = topic.text.indexOf(QLatin1Char(':'));
         topic.name = colon < 0 ? topic.text : topic.text.left(colon);
         topic.description = colon < 0 ? QString() : topic.text.mid(colon + 1);
-        topics.append(topic);
+        // A "*" at the very end (or followed only by a line break) starts no topic.
+        if (!topic.text.trimmed().isEmpty())
+            topics.append(topic);
         star = next;
     }
     return topics;

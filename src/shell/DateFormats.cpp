@@ -1,45 +1,64 @@
 #include "shell/DateFormats.h"
 
-#include <QLocale>
+#include <QHash>
 
 namespace datefmt {
 
-namespace {
-
-// QDate::toString with a format string always uses English names; QLocale::c() does the same
-// for the month-name lookups.
-QString Format(const QDate& date, const QString& pattern) {
-    return date.toString(pattern);
+QString QtPattern(const QString& classic) {
+    static const QHash<QString, QString> patterns = {
+        {QStringLiteral("mm/dd/yy"), QStringLiteral("MM/dd/yy")},
+        {QStringLiteral("mm/dd"), QStringLiteral("MM/dd")},
+        {QStringLiteral("dd"), QStringLiteral("dd")},
+        {QStringLiteral("mmm"), QStringLiteral("MMM")},
+        {QStringLiteral("mmmm"), QStringLiteral("MMMM")},
+        {QStringLiteral("yyyy"), QStringLiteral("yyyy")},
+        {QStringLiteral("mmm dd, yyyy"), QStringLiteral("MMM dd, yyyy")},
+        {QStringLiteral("dddd, mmmm d yyyy"), QStringLiteral("dddd, MMMM d yyyy")},
+        {QStringLiteral("Long Date"), QStringLiteral("dddd, MMMM d, yyyy")},
+        {QStringLiteral("Short Date"), QStringLiteral("M/d/yyyy")},
+        {QStringLiteral("Medium Time"), QStringLiteral("hh:mm AP")},
+        {QStringLiteral("General Date"), QStringLiteral("M/d/yyyy h:mm:ss AP")},
+    };
+    const auto found = patterns.constFind(classic);
+    Q_ASSERT_X(found != patterns.constEnd(), "datefmt::QtPattern", qPrintable(classic));
+    return found != patterns.constEnd() ? *found : classic;
 }
 
-}  // namespace
+// QDate and QDateTime format with English names when given a pattern.
+QString Format(const QDateTime& when, const QString& classic) {
+    return when.toString(QtPattern(classic));
+}
+
+QString Format(const QDate& date, const QString& classic) {
+    return date.toString(QtPattern(classic));
+}
 
 QString MmDdYy(const QDate& date) {
-    return Format(date, QStringLiteral("MM/dd/yy"));
+    return Format(date, QStringLiteral("mm/dd/yy"));
 }
 
 QString LongDate(const QDate& date) {
-    return Format(date, QStringLiteral("dddd, MMMM d, yyyy"));
+    return Format(date, QStringLiteral("Long Date"));
 }
 
 QString ShortDate(const QDate& date) {
-    return Format(date, QStringLiteral("M/d/yyyy"));
+    return Format(date, QStringLiteral("Short Date"));
 }
 
 QString MmmDdYyyy(const QDate& date) {
-    return Format(date, QStringLiteral("MMM dd, yyyy"));
+    return Format(date, QStringLiteral("mmm dd, yyyy"));
 }
 
 QString MonthName(int month) {
-    return QLocale::c().standaloneMonthName(month, QLocale::LongFormat);
+    return Format(QDate(2000, month, 1), QStringLiteral("mmmm"));
 }
 
 QString GeneralDate(const QDateTime& when) {
-    return when.toString(QStringLiteral("M/d/yyyy h:mm:ss AP"));
+    return Format(when, QStringLiteral("General Date"));
 }
 
 QString MediumTime(const QTime& time) {
-    return time.toString(QStringLiteral("hh:mm AP"));
+    return time.toString(QtPattern(QStringLiteral("Medium Time")));
 }
 
 QDate ParseMmDdYy(const QString& text, int nearYear) {

@@ -5,16 +5,22 @@
 #include <QString>
 
 // The program's date and time formats, always with English month and day names whatever the
-// system's language.
+// system's language. Formats are named the classic way ("mm/dd/yy", "Long Date" ...); one table
+// maps each name to its Qt pattern.
 namespace datefmt {
 
-QString MmDdYy(const QDate& date);           // 09/07/26
-QString LongDate(const QDate& date);         // Monday, September 7, 2026
-QString ShortDate(const QDate& date);        // 9/7/2026
-QString MmmDdYyyy(const QDate& date);        // Sep 07, 2026
-QString MonthName(int month);                // September
-QString GeneralDate(const QDateTime& when);  // 9/7/2026 3:04:05 PM
-QString MediumTime(const QTime& time);       // 03:04 PM
+// The Qt pattern of a classic format name; an unknown name is a programming error.
+QString QtPattern(const QString& classic);
+QString Format(const QDateTime& when, const QString& classic);
+QString Format(const QDate& date, const QString& classic);
+
+QString MmDdYy(const QDate& date);           // "mm/dd/yy": 09/07/26
+QString LongDate(const QDate& date);         // "Long Date": Monday, September 7, 2026
+QString ShortDate(const QDate& date);        // "Short Date": 9/7/2026
+QString MmmDdYyyy(const QDate& date);        // "mmm dd, yyyy": Sep 07, 2026
+QString MonthName(int month);                // "mmmm": September
+QString GeneralDate(const QDateTime& when);  // "General Date": 9/7/2026 3:04:05 PM
+QString MediumTime(const QTime& time);       // "Medium Time": 03:04 PM
 
 // A date written "mm/dd/yy". The century is the one that puts the date nearest to nearYear,
 // so that 01/05/00 read while working on 2099 is 2100 and not 2000. Invalid when malformed.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 // What the program asks of the desktop around it: opening web pages and e-mail drafts, the
 // beep, printers, shortcuts and the clipboard. Tests record the calls instead.
@@ -14,7 +15,8 @@ public:
     virtual bool PrinterPresent() = 0;
     virtual void SetClipboardText(const QString& text) = 0;
 
-    // Adds a launcher called name for the program file target to the user's applications
-    // menu. Throws VbError when that is impossible.
-    virtual void CreateShortcut(const QString& name, const QString& target) = 0;
+    // Adds a launcher called name, starting program with arguments, to the user's
+    // applications menu. Throws VbError when that is impossible.
+    virtual void CreateShortcut(const QString& name, const QString& program,
+                                const QStringList& arguments) = 0;
 };

@@ -67,27 +67,29 @@ QString UnstorableCharacterMessage(const QString& character) {
 }
 
 QByteArray Encode(const QString& text) {
-    if (const auto bad = FirstUnstorableCharacter(text))
-        Raise(err::InvalidProcedureCall, UnstorableCharacterMessage(*bad));
     QStringEncoder encoder(kCodePage);
-    return encoder.encode(text);
+    QByteArray bytes = encoder.encode(text);
+    if (encoder.hasError())
+        Raise(err::InvalidProcedureCall,
+              UnstorableCharacterMessage(FirstUnstorableCharacter(text).value_or(text.left(1))));
+    return bytes;
 }
 
 QStringList SplitLines(const QString& text) {
     QStringList lines;
-    qsizetype start = 0;
-    const qsizetype n = text.size();
-    for (qsizetype i = 0; i < n; ++i) {
-        const QChar c = text.at(i);
-        if (c != QLatin1Char('\r') && c != QLatin1Char('\n'))
+    const QChar* const begin = text.constData();
+    const QChar* const end = begin + text.size();
+    const QChar* start = begin;
+    for (const QChar* c = begin; c != end; ++c) {
+        if (c->unicode() != u'\r' && c->unicode() != u'\n')
             continue;
-        lines.append(text.mid(start, i - start));
-        if (c == QLatin1Char('\r') && i + 1 < n && text.at(i + 1) == QLatin1Char('\n'))
-            ++i;
-        start = i + 1;
+        lines.append(QString(start, c - start));
+        if (c->unicode() == u'\r' && c + 1 != end && c[1].unicode() == u'\n')
+            ++c;
+        start = c + 1;
     }
-    if (start < n)
-        lines.append(text.mid(start));
+    if (start != end)
+        lines.append(QString(start, end - start));
     return lines;
 }
 

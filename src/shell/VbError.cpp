@@ -20,6 +20,8 @@ QString VbError::StandardDescription(int number) {
             return QStringLiteral("Type mismatch");
         case err::FileNotFound:
             return QStringLiteral("File not found");
+        case err::InputPastEndOfFile:
+            return QStringLiteral("Input past end of file");
         case err::DiskFull:
             return QStringLiteral("Disk full");
         case err::PermissionDenied:

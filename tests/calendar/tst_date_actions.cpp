@@ -271,8 +271,9 @@ void DateActionsTest::createShortcut() {
         QStringLiteral("A Shortcut has been successfully added to Programs."), kInformationStyle,
         QString());
     f.actions.mnuOptCreateShortcut_Click(QStringLiteral("/opt/orvanta/orvanta"));
-    QCOMPARE(f.env.platform.shortcuts,
-             QStringList({"Shortcut to Orvanta -> /opt/orvanta/orvanta"}));
+    QCOMPARE(
+        f.env.platform.shortcuts,
+        QStringList({"Shortcut to Orvanta -> /opt/orvanta/orvanta --data-dir " + f.env.folder()}));
 
     f.env.platform.shortcutError = VbError(70);
     f.env.dialogs.ExpectMsgBox(QStringLiteral("Unable to Create Shortcut : 70 : Permission denied"),

@@ -51,6 +51,9 @@ void HelpTopicsTest::topicsSplitAtStarsAndFirstColon_data() {
         << "*:only a description" << S{":only a description"} << S{""} << S{"only a description"};
     QTest::newRow("empty file") << "" << S{} << S{} << S{};
     QTest::newRow("no star") << "Topics: none yet\r\n" << S{} << S{} << S{};
+    QTest::newRow("closing star starts no topic")
+        << "*Print:Prints the page.*\r\n"
+        << S{"Print:Prints the page."} << S{"Print"} << S{"Prints the page."};
 }
 
 void HelpTopicsTest::topicsSplitAtStarsAndFirstColon() {

@@ -12,7 +12,7 @@ public:
     int beeps = 0;
     bool printer = true;
     QString clipboard;
-    QStringList shortcuts;  // "name -> target"
+    QStringList shortcuts;  // "name -> program arguments..."
     // When set, CreateShortcut fails with this error.
     std::optional<VbError> shortcutError;
 
@@ -23,9 +23,11 @@ public:
     void Beep() override { ++beeps; }
     bool PrinterPresent() override { return printer; }
     void SetClipboardText(const QString& text) override { clipboard = text; }
-    void CreateShortcut(const QString& name, const QString& target) override {
+    void CreateShortcut(const QString& name, const QString& program,
+                        const QStringList& arguments) override {
         if (shortcutError)
             throw *shortcutError;
-        shortcuts.append(name + QStringLiteral(" -> ") + target);
+        shortcuts.append(name + QStringLiteral(" -> ") +
+                         (QStringList{program} + arguments).join(' '));
     }
 };

@@ -27,7 +27,24 @@ void DesktopPlatform::SetClipboardText(const QString& text) {
     QGuiApplication::clipboard()->setText(text);
 }
 
-void DesktopPlatform::CreateShortcut(const QString& name, const QString& target) {
+QString DesktopExecArgument(const QString& argument) {
+    QString quoted;
+    for (const QChar c : argument) {
+        if (c == QLatin1Char('"') || c == QLatin1Char('`') || c == QLatin1Char('$') ||
+            c == QLatin1Char('\\'))
+            quoted += QLatin1Char('\\');
+        quoted += c;
+        if (c == QLatin1Char('%'))
+            quoted += c;  // a lone % would be taken for a field code
+    }
+    return QLatin1Char('"') + quoted + QLatin1Char('"');
+}
+
+void DesktopPlatform::CreateShortcut(const QString& name, const QString& program,
+                                     const QStringList& arguments) {
+    QStringList command{DesktopExecArgument(program)};
+    for (const QString& argument : arguments)
+        command.append(DesktopExecArgument(argument));
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation);
     if (folder.isEmpty() || !QDir().mkpath(folder))
         Raise(err::PathNotFound);
@@ -35,7 +52,8 @@ void DesktopPlatform::CreateShortcut(const QString& name, const QString& target)
     if (!file.open(QIODevice::WriteOnly))
         Raise(err::PermissionDenied);
     const QByteArray entry = QByteArrayLiteral("[Desktop Entry]\nType=Application\nName=") +
-                             name.toUtf8() + QByteArrayLiteral("\nExec=") + target.toUtf8() +
+                             name.toUtf8() + QByteArrayLiteral("\nExec=") +
+                             command.join(QLatin1Char(' ')).toUtf8() +
                              QByteArrayLiteral("\nTerminal=false\nCategories=Office;Calendar;\n");
     if (file.write(entry) != entry.size() || !file.flush() || !file.commit())
         Raise(err::PathFileAccessError, file.errorString());

@@ -10,5 +10,9 @@ public:
     void Beep() override;
     bool PrinterPresent() override;
     void SetClipboardText(const QString& text) override;
-    void CreateShortcut(const QString& name, const QString& target) override;
+    void CreateShortcut(const QString& name, const QString& program,
+                        const QStringList& arguments) override;
 };
+
+// One argument of a launcher's command line, quoted as desktop entries require.
+QString DesktopExecArgument(const QString& argument);

@@ -19,12 +19,6 @@ namespace {
 const QString kDisplayedMarksWindow = QStringLiteral("frmDisplayedMarks");
 const QString kMarkerColorsWindow = QStringLiteral("frmMarkerColors");
 
-// The command that starts this program on this data folder, for a desktop launcher.
-QString ProgramCommand(const QString& appFolder) {
-    return QLatin1Char('"') + QCoreApplication::applicationFilePath() +
-           QStringLiteral("\" --data-dir \"") + appFolder + QLatin1Char('"');
-}
-
 }  // namespace
 
 void frmMain::ConnectMarkHandlers() {
@@ -65,7 +59,7 @@ void frmMain::ConnectMarkHandlers() {
     Handle(item(QStringLiteral("mnuOptNetworkShare")), this,
            [actions] { actions->mnuOptNetworkShare_Click(); });
     Handle(item(QStringLiteral("mnuOptCreateShortcut")), this, [this, actions] {
-        actions->mnuOptCreateShortcut_Click(ProgramCommand(state_.services.AppFolder));
+        actions->mnuOptCreateShortcut_Click(QCoreApplication::applicationFilePath());
     });
     Handle(item(QStringLiteral("mnuSupportReportProblem")), this,
            [actions] { actions->mnuSupportReportProblem_Click(); });
