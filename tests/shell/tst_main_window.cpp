@@ -362,7 +362,7 @@ private slots:
         auto* topics = find<QComboBox>("cmbHelp");
         QCOMPARE(topics->count(), 3);
         QCOMPARE(topics->currentText(), QString("Getting Started"));
-        QCOMPARE(find<QPlainTextEdit>("txtHelp")->toPlainText(), QString("Start here.\n"));
+        QCOMPARE(find<QPlainTextEdit>("txtHelp")->toPlainText(), QString("Start here."));
         topics->setCurrentIndex(2);
         QCOMPARE(find<QPlainTextEdit>("txtHelp")->toPlainText(), QString("Coloured days."));
     }

@@ -101,7 +101,7 @@ void frmHelp::SelectTopic(int topic) {
 void frmHelp::lstHelp_Click() {
     const int topic = lstHelp_->currentRow();
     txtHelp_->setPlainText(topic >= 0 && topic < topics_.TopicCount()
-                               ? topics_.topics()[topic].description
+                               ? topics_.topics()[topic].description.trimmed()
                                : QString());
 }
 
