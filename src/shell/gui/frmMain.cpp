@@ -248,8 +248,8 @@ void frmMain::FillHelpBox() {
 void frmMain::cmbHelp_Click() {
     const int topic = cmbHelp_->currentIndex();
     const auto& topics = state_.help.topics();
-    txtHelp_->setPlainText(
-        topic >= 0 && topic < topics.size() ? topics[topic].description.trimmed() : QString());
+    txtHelp_->setPlainText(topic >= 0 && topic < topics.size() ? topics[topic].description.trimmed()
+                                                               : QString());
 }
 
 void frmMain::OpenHelp(int topic) {
