@@ -8,12 +8,13 @@
 #include <cstdio>
 
 #include "Version.h"
-#include "shell/FirstStart.h"
+#include "app/FirstStart.h"
+#include "app/ProgramState.h"
+#include "app/gui/MainWindow.h"
 #include "shell/InstanceLock.h"
-#include "shell/ProgramState.h"
 #include "shell/gui/DesktopPlatform.h"
+#include "shell/gui/Icons.h"
 #include "shell/gui/QtDialogs.h"
-#include "shell/gui/frmMain.h"
 
 namespace {
 
@@ -109,6 +110,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Orvanta"));
     QApplication::setApplicationVersion(QStringLiteral(ORVANTA_VERSION));
+    QApplication::setWindowIcon(icons::Orvanta());
     QtDialogs dialogs;
     const QString folder = options->dataDir.isEmpty() ? DefaultDataFolder() : options->dataDir;
     if (!QDir().mkpath(folder)) {
@@ -124,12 +126,14 @@ int main(int argc, char** argv) {
     DesktopPlatform platform;
     ProgramState state(folder, dialogs, clock, platform);
     InstallDefaultFiles(state.services);
-    frmMain window(state);
-    dialogs.SetParent(&window);
+    MainWindow window = CreateMainWindow(state);
+    dialogs.SetParent(window.frame.get());
     QuitWhenShown quitWhenShown;
     if (options->exitWhenShown)
-        window.installEventFilter(&quitWhenShown);
-    window.Form_Load();
-    window.show();
+        window.frame->installEventFilter(&quitWhenShown);
+    // The window is on the screen before anything is read, so that a message about a data
+    // file has a window to stand on.
+    window.frame->show();
+    window.frame->Form_Load();
     return app.exec();
 }

@@ -1,13 +1,15 @@
 #pragma once
 
-// What the date actions ask of the calendar views of the main window. The main window
-// implements it; the actions never reach a window directly.
+// The calendar view on show in the main window, by the number of months it shows.
+enum class ViewKind { None = 0, OneMonth = 1, SixMonths = 6, OneYear = 12 };
+
+// What the date actions ask of the calendar views of the main window. The calendar's window
+// side implements it; the actions never reach a window directly.
 class CalendarDisplay {
 public:
     virtual ~CalendarDisplay() = default;
 
-    // The calendar view on show: 0 none, 1 one month, 6 six months, 12 one year.
-    virtual int ViewKind() const = 0;
+    virtual ViewKind ViewOnShow() const = 0;
 
     // Repaint the marks of the one-month view, of the six-month view and of the one-year view;
     // each does nothing when its view is not on show.

@@ -1,103 +1,100 @@
 #include "calendar/DateActions.h"
 
-#include <QRegularExpression>
-
 #include "calendar/CalendarDisplay.h"
+#include "calendar/CalendarMessages.h"
+#include "calendar/DateModel.h"
+#include "calendar/MarkerColors.h"
+#include "calendar/modMarks.h"
 #include "shell/DateFormats.h"
-#include "shell/Files.h"
-#include "shell/ProgramState.h"
+#include "shell/Services.h"
 #include "shell/TextFile.h"
 
 namespace {
-
-const QString kErrorLogFile = QStringLiteral("Error.log");
 
 // A mark's MarkSet value.
 constexpr qint16 kMarked = -1;
 
 }  // namespace
 
-DateActions::DateActions(ProgramState& state, CalendarDisplay& display)
-    : state_(state), display_(display) {}
+DateActions::DateActions(Services& services, DateModel& dates, MarkerColors& colors,
+                         DateMarks& marks, CalendarDisplay& display)
+    : services_(services), dates_(dates), colors_(colors), marks_(marks), display_(display) {}
 
 DateActions::Day DateActions::SelectedCell() const {
-    const QDate date = state_.dates.SelectedDate;
-    const auto cell = state_.dates.FindDay(date);
+    const QDate date = dates_.SelectedDate;
+    const auto cell = dates_.FindDay(date);
     if (!cell)
         Raise(err::SubscriptOutOfRange);
-    return {*cell, state_.dates.IsNextYear(date)};
+    return {*cell, dates_.YearSlotOf(date)};
 }
 
 void DateActions::MarkSelectedDate(quint32 color) {
     const Day day = SelectedCell();
-    state_.marks.SetTable(day.nextYear)[day.cell] = kMarked;
-    state_.marks.CategoryTable(day.nextYear)[day.cell] = static_cast<qint32>(color);
+    marks_.years[day.year].set[day.cell] = kMarked;
+    marks_.years[day.year].category[day.cell] = static_cast<qint32>(color);
 }
 
 void DateActions::RedrawViewOnShow() {
-    switch (display_.ViewKind()) {
-        case 1:
-            display_.Show1MonthCalendar();
-            break;
-        case 6:
-            display_.Show6MonthCalendar();
-            break;
-        case 12:
-            display_.Show1YearCalendar();
-            break;
-        default:
-            break;
+    switch (display_.ViewOnShow()) {
+        case ViewKind::OneMonth:
+            return display_.Show1MonthCalendar();
+        case ViewKind::SixMonths:
+            return display_.Show6MonthCalendar();
+        case ViewKind::OneYear:
+            return display_.Show1YearCalendar();
+        case ViewKind::None:
+            return;
     }
 }
 
 void DateActions::mnuOptDateMarkAs_Click(int index) {
-    state_.services.Trap("mnuOptDateMarkAs_Click", [&] {
+    services_.Trap("mnuOptDateMarkAs_Click", [&] {
         if (index < 0 || index >= MarkerColors::kUserCategories)
             Raise(err::SubscriptOutOfRange);
-        MarkSelectedDate(state_.markerColors.Color(index));
-        const bool nextYear = SelectedCell().nextYear;
-        state_.marks.Save(nextYear);
-        state_.marks.ReadAndDisplay(nextYear);
+        MarkSelectedDate(colors_.Color(index));
+        const Year year = SelectedCell().year;
+        marks_.Save(year);
+        marks_.ReadAndDisplay(year);
         RedrawViewOnShow();
     });
 }
 
 void DateActions::mnuOptDateQuickMark_Click() {
-    state_.services.Trap("mnuOptDateQuickMark_Click", [&] {
-        MarkSelectedDate(state_.markerColors.Color(MarkerColors::kQuickMarkColor));
+    services_.Trap("mnuOptDateQuickMark_Click", [&] {
+        MarkSelectedDate(colors_.Color(MarkerColors::kQuickMarkColor));
         display_.ReDraw1MonthDateMarks();
         display_.ReDraw6MonthDateMarks();
         display_.ReDrawDateMarks();
-        state_.marks.SaveNextYearsMarks();
-        state_.marks.ReadAndDisplayNextYearsMarks();
-        state_.marks.SaveThisYearsMarks();
-        state_.marks.ReadAndDisplayThisYearsMarks();
+        marks_.SaveNextYearsMarks();
+        marks_.ReadAndDisplayNextYearsMarks();
+        marks_.SaveThisYearsMarks();
+        marks_.ReadAndDisplayThisYearsMarks();
     });
 }
 
 void DateActions::mnuOptDateClearMark_Click() {
-    state_.services.Trap("mnuOptDateClearMark_Click", [&] {
+    services_.Trap("mnuOptDateClearMark_Click", [&] {
         const Day day = SelectedCell();
-        DateMarks& marks = state_.marks;
-        if (marks.SetTable(day.nextYear)[day.cell] == 0)
+        MarkTables& tables = marks_.years[day.year];
+        if (tables.set[day.cell] == 0)
             return;
-        const auto category = static_cast<quint32>(marks.CategoryTable(day.nextYear)[day.cell]);
-        if (category == state_.markerColors.Color(MarkerColors::kBirthday)) {
-            state_.services.dialogs.MsgBox(kUseBirthdayManagerMessage, kWarningStyle);
+        const auto category = static_cast<quint32>(tables.category[day.cell]);
+        if (category == colors_.Color(MarkerColors::kBirthday)) {
+            services_.dialogs.MsgBox(kUseBirthdayManagerMessage, kWarningStyle);
             return;
         }
-        if (category == state_.markerColors.Color(MarkerColors::kHoliday)) {
-            state_.services.dialogs.MsgBox(kUseHolidayManagerMessage, kWarningStyle);
+        if (category == colors_.Color(MarkerColors::kHoliday)) {
+            services_.dialogs.MsgBox(kUseHolidayManagerMessage, kWarningStyle);
             return;
         }
         // The cell's flag is cleared in both years' tables. The note goes with the mark: it is
         // only ever saved with one, so keeping it would bring it back on the next mark.
-        marks.MarkSet[day.cell] = 0;
-        marks.NextMarkSet[day.cell] = 0;
-        marks.CategoryTable(day.nextYear)[day.cell] = 0;
-        marks.HoverTable(day.nextYear)[day.cell].clear();
-        marks.SaveNextYearsMarks();
-        marks.SaveThisYearsMarks();
+        marks_.MarkSet[day.cell] = 0;
+        marks_.NextMarkSet[day.cell] = 0;
+        tables.category[day.cell] = 0;
+        tables.hover[day.cell].clear();
+        marks_.SaveNextYearsMarks();
+        marks_.SaveThisYearsMarks();
         RedrawViewOnShow();
     });
 }
@@ -105,58 +102,55 @@ void DateActions::mnuOptDateClearMark_Click() {
 QString DateActions::HoverTitle(const QDate& date) const {
     // The day is named by its mark's caption, or by its weekday when it has no known mark.
     QString dayText = date.toString(QStringLiteral("dddd"));
-    if (const auto cell = state_.dates.FindDay(date)) {
-        const bool nextYear = state_.dates.IsNextYear(date);
-        DateMarks& marks = state_.marks;
-        const int category = state_.markerColors.IndexOfColor(
-            static_cast<quint32>(marks.CategoryTable(nextYear)[*cell]));
-        if (marks.SetTable(nextYear)[*cell] != 0 && category >= 0)
-            dayText = state_.markerColors.Caption(category);
+    if (const auto cell = dates_.FindDay(date)) {
+        const MarkTables& tables = marks_.years[dates_.YearSlotOf(date)];
+        const int category = colors_.IndexOfColor(static_cast<quint32>(tables.category[*cell]));
+        if (tables.set[*cell] != 0 && category >= 0)
+            dayText = colors_.Caption(category);
     }
     return kHoverTitlePrefix + dayText + QStringLiteral(" for ") + datefmt::ShortDate(date);
 }
 
 void DateActions::mnuOptDateAttachHoverText_Click() {
-    state_.services.Trap("mnuOptDateAttachHoverText_Click", [&] {
+    services_.Trap("mnuOptDateAttachHoverText_Click", [&] {
         const Day day = SelectedCell();
+        MarkTables& tables = marks_.years[day.year];
         // The note is kept on the day's line of the marks file, which only a marked day has.
-        if (state_.marks.SetTable(day.nextYear)[day.cell] == 0) {
-            state_.services.dialogs.MsgBox(kHoverNeedsMarkMessage, kWarningStyle);
+        if (tables.set[day.cell] == 0) {
+            services_.dialogs.MsgBox(kHoverNeedsMarkMessage, kWarningStyle);
             return;
         }
-        QString& hover = state_.marks.HoverTable(day.nextYear)[day.cell];
-        const QString answer = state_.services.dialogs.InputBox(
-            kHoverPrompt, HoverTitle(state_.dates.SelectedDate), hover);
+        const QString answer = services_.dialogs.InputBox(
+            kHoverPrompt, HoverTitle(dates_.SelectedDate), tables.hover[day.cell]);
         if (answer.isEmpty())
             return;
         if (answer.contains(QLatin1Char('\r')) || answer.contains(QLatin1Char('\n'))) {
-            state_.services.dialogs.MsgBox(kHoverLineBreakMessage, kWarningStyle);
+            services_.dialogs.MsgBox(kHoverLineBreakMessage, kWarningStyle);
             return;
         }
         if (const auto bad = textfile::FirstUnstorableCharacter(answer)) {
-            state_.services.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad),
-                                           kWarningStyle);
+            services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
             return;
         }
-        hover = answer;
-        state_.marks.Save(day.nextYear);
-        state_.marks.ReadAndDisplay(day.nextYear);
+        tables.hover[day.cell] = answer;
+        marks_.Save(day.year);
+        marks_.ReadAndDisplay(day.year);
     });
 }
 
 void DateActions::mnuEditDeleteMarks_Click() {
-    state_.services.Trap("mnuEditDeleteMarks_Click", [&] {
-        if (state_.services.dialogs.MsgBox(kDeleteMarksQuestion, kQuestionStyle) != vb::Yes)
+    services_.Trap("mnuEditDeleteMarks_Click", [&] {
+        if (services_.dialogs.MsgBox(kDeleteMarksQuestion, kQuestionStyle) != vb::Yes)
             return;
-        state_.marks.DeleteThisYearsMarks();
+        marks_.DeleteThisYearsMarks();
         RedrawViewOnShow();
     });
 }
 
 void DateActions::mnuOptCalendarRestoreMarks_Click() {
-    state_.services.Trap("mnuOptCalendarRestoreMarks_Click", [&] {
-        if (!state_.marks.RestoreThisYearsMarks()) {
-            state_.services.dialogs.MsgBox(kNoMarksBackupMessage, kWarningStyle);
+    services_.Trap("mnuOptCalendarRestoreMarks_Click", [&] {
+        if (!marks_.RestoreThisYearsMarks()) {
+            services_.dialogs.MsgBox(kNoMarksBackupMessage, kWarningStyle);
             return;
         }
         RedrawViewOnShow();
@@ -164,95 +158,36 @@ void DateActions::mnuOptCalendarRestoreMarks_Click() {
 }
 
 void DateActions::mnuEditMark_Click(int index) {
-    state_.services.Trap("mnuEditMark_Click", [&] {
+    services_.Trap("mnuEditMark_Click", [&] {
         if (index < 0 || index >= MarkerColors::kCount)
             Raise(err::SubscriptOutOfRange);
-        state_.markerColors.SetHidden(index, !state_.markerColors.Hidden(index));
+        colors_.SetHidden(index, !colors_.Hidden(index));
         RedrawViewOnShow();
     });
 }
 
 void DateActions::mnuEditMarksShowAll_Click() {
-    state_.services.Trap("mnuEditMarksShowAll_Click", [&] {
-        state_.markerColors.ShowAll();
+    services_.Trap("mnuEditMarksShowAll_Click", [&] {
+        colors_.ShowAll();
         RedrawViewOnShow();
     });
 }
 
 void DateActions::mnuEditMarksHideAll_Click() {
-    state_.services.Trap("mnuEditMarksHideAll_Click", [&] {
-        state_.markerColors.HideAll();
+    services_.Trap("mnuEditMarksHideAll_Click", [&] {
+        colors_.HideAll();
         RedrawViewOnShow();
     });
 }
 
 void DateActions::mnuEditMarkerSaveSettings_Click() {
-    state_.markerColors.SaveMarkerColors(state_.services);
+    colors_.SaveMarkerColors(services_);
 }
 
 void DateActions::mnuOptDateRemoveAll_Click() {
-    state_.services.Trap("mnuOptDateRemoveAll_Click", [&] {
+    services_.Trap("mnuOptDateRemoveAll_Click", [&] {
         // The month's icons are removed by the icon store once there is one; until then the
         // question is all there is.
-        state_.services.dialogs.MsgBox(kRemoveIconsQuestion, kQuestionStyle, kRemoveIconsTitle);
-    });
-}
-
-bool DateActions::IsDriveLetter(const QString& answer) {
-    static const QRegularExpression letter(QStringLiteral("^[A-Z]$"),
-                                           QRegularExpression::CaseInsensitiveOption);
-    return letter.match(answer).hasMatch();
-}
-
-void DateActions::mnuOptNetworkShare_Click() {
-    state_.services.Trap("mnuOptNetworkShare_Click", [&] {
-        const QString answer =
-            state_.services.dialogs.InputBox(kShareDrivePrompt, kShareDriveTitle);
-        if (answer.isEmpty())
-            return;
-        if (!IsDriveLetter(answer)) {
-            state_.services.dialogs.MsgBox(kBadDriveLetterMessage, kWarningStyle);
-            return;
-        }
-        state_.prefs.SetValue(prefkey::NetworkShareDrive, answer);
-        state_.prefs.SaveUserPreferences(state_.services);
-    });
-}
-
-void DateActions::mnuOptCreateShortcut_Click(const QString& programFile) {
-    state_.services.Trap("mnuOptCreateShortcut_Click", [&] {
-        Dialogs& dialogs = state_.services.dialogs;
-        try {
-            state_.services.platform.CreateShortcut(
-                kShortcutName, programFile,
-                {QStringLiteral("--data-dir"), state_.services.AppFolder});
-        } catch (const VbError& error) {
-            dialogs.MsgBox(kShortcutFailedPrefix + QString::number(error.number()) +
-                               QStringLiteral(" : ") + error.description(),
-                           kWarningStyle);
-            return;
-        }
-        dialogs.MsgBox(kShortcutAddedMessage, kInformationStyle);
-    });
-}
-
-void DateActions::mnuSupportReportProblem_Click() {
-    state_.services.Trap("mnuSupportReportProblem_Click", [&] {
-        state_.services.dialogs.MsgBox(kReportProblemMessage, kInformationStyle);
-        state_.services.platform.OpenUrl(kMakerSite + kBugReportPage);
-    });
-}
-
-void DateActions::mnuSupportSendErrorLog_Click() {
-    state_.services.Trap("mnuSupportSendErrorLog_Click", [&] {
-        Services& services = state_.services;
-        services.dialogs.MsgBox(kSendErrorLogMessage, kInformationStyle);
-        QString path;
-        if (!FileExists(services.AppFolder, kErrorLogFile, &path)) {
-            services.dialogs.MsgBox(kLogFileNotFoundMessage, kWarningStyle);
-            return;
-        }
-        services.platform.SetClipboardText(textfile::ReadAll(path));
-        services.platform.OpenUrl(kMakerSite + kErrorLogPage);
+        services_.dialogs.MsgBox(kRemoveIconsQuestion, kQuestionStyle, kRemoveIconsTitle);
     });
 }

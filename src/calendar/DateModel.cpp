@@ -9,6 +9,30 @@ qint16 WeekdayColumn(const QDate& date) {
     return static_cast<qint16>(date.dayOfWeek() % 7 + 1);
 }
 
+// Lays the days of year into holder month by month, a month's rows starting with the row of
+// its 1st, and returns the number of days.
+int FillHolder(DateHolderGrid& holder, int year) {
+    QDate cursorDate(year, 1, 1);
+    const int days = static_cast<int>(cursorDate.daysTo(QDate(year, 12, 31))) + 1;
+    int month = cursorDate.month();
+    int cursorWeekday = WeekdayColumn(cursorDate);
+    int cursorWeek = 1;
+    for (int i = 0; i < days; ++i) {
+        if (cursorDate.month() > month) {
+            month = cursorDate.month();
+            cursorWeekday = WeekdayColumn(cursorDate);
+            cursorWeek = 1;
+        }
+        holder.at(month - 1, cursorWeekday - 1, cursorWeek - 1) = datefmt::MmDdYy(cursorDate);
+        if (++cursorWeekday > 7) {
+            cursorWeekday = 1;
+            ++cursorWeek;
+        }
+        cursorDate = cursorDate.addDays(1);
+    }
+    return days;
+}
+
 }  // namespace
 
 bool IsLeapYear(int year) {
@@ -33,8 +57,6 @@ void DateModel::SetYearBounds() {
     ThisYear = static_cast<qint16>(SelectedDate.year());
     YearStart = QDate(ThisYear, 1, 1);
     YearEnd = QDate(ThisYear, 12, 31);
-    CursorWeekday = WeekdayColumn(YearStart);
-    CursorWeek = 1;
 }
 
 void DateModel::ClearDateHolders() {
@@ -50,41 +72,26 @@ void DateModel::AssignNextYearsDateholders() {
     FillHolder(NextDateHolder, ThisYear + 1);
 }
 
-int DateModel::FillHolder(DateHolderGrid& holder, int year) {
-    CursorDate = QDate(year, 1, 1);
-    const int days = static_cast<int>(CursorDate.daysTo(QDate(year, 12, 31))) + 1;
-    int month = CursorDate.month();
-    CursorWeekday = WeekdayColumn(CursorDate);
-    CursorWeek = 1;
-    for (int i = 0; i < days; ++i) {
-        if (CursorDate.month() > month) {
-            month = CursorDate.month();
-            CursorWeekday = WeekdayColumn(CursorDate);
-            CursorWeek = 1;
-        }
-        holder.at(month - 1, CursorWeekday - 1, static_cast<int>(CursorWeek) - 1) =
-            datefmt::MmDdYy(CursorDate);
-        if (++CursorWeekday > 7) {
-            CursorWeekday = 1;
-            CursorWeek += 1;
-        }
-        CursorDate = CursorDate.addDays(1);
-    }
-    CursorWeekday = 0;
-    CursorWeek = 0;
-    return days;
-}
-
 bool DateModel::SelectDate(const QDate& date) {
-    const bool yearChanged = date.year() != ThisYear;
+    if (!date.isValid() || date == SelectedDate)
+        return false;
+    const bool newYear = date.year() != ThisYear;
     SelectedDate = date;
     SetYearBounds();
-    if (yearChanged) {
+    if (newYear) {
         ClearDateHolders();
         AssignThisYearsDateHolders();
         AssignNextYearsDateholders();
+        ReadYearStores();
+        emit yearChanged(ThisYear);
     }
-    return yearChanged;
+    emit selectedDateChanged(date);
+    return newYear;
+}
+
+void DateModel::ReadYearStores() {
+    for (PerYearStore* store : yearStores_)
+        store->ReadBothYears();
 }
 
 const DateHolderGrid* DateModel::HolderFor(const QDate& date) const {

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <QDate>
+#include <QList>
+#include <QObject>
 #include <QString>
 #include <optional>
 
 #include "calendar/DayGrid.h"
+#include "calendar/YearPair.h"
 
 // The year on show and the one after it, laid out as month sheets. Every store that keeps
 // something per day finds the day's cell here, by its "mm/dd/yy" text, and then uses the same
@@ -15,7 +18,8 @@ using DateHolderGrid = DayGrid<QString>;
 // The text of a cell that holds no day.
 inline const QString kBlankDay = QString(8, QLatin1Char(' '));
 
-class DateModel {
+class DateModel : public QObject {
+    Q_OBJECT
 public:
     DateModel();
 
@@ -28,11 +32,6 @@ public:
     QDate YearStart;
     QDate YearEnd;
     bool LeapYear = false;
-    // The day being placed while a grid is filled, its weekday column (1 = Sunday) and its
-    // week row within the month (1-6).
-    QDate CursorDate;
-    qint16 CursorWeekday = 0;
-    float CursorWeek = 0;
 
     DateHolderGrid DateHolder;
     DateHolderGrid NextDateHolder;
@@ -46,22 +45,33 @@ public:
     // Fills NextDateHolder for the year after ThisYear.
     void AssignNextYearsDateholders();
 
-    // Moves the selection; on a change of year both years' holders are refilled. Returns true
-    // when the year changed.
+    // Moves the selection. On a change of year both years' holders are refilled and every
+    // per-year store reads both years again, then yearChanged is announced; selectedDateChanged
+    // follows. Returns true when the year changed.
     bool SelectDate(const QDate& date);
+
+    // The stores that keep a table per year, read again on every change of year.
+    void AddYearStore(PerYearStore* store) { yearStores_.append(store); }
+    void ReadYearStores();
 
     // The holder that covers date (this year's or next year's), or null for any other year.
     const DateHolderGrid* HolderFor(const QDate& date) const;
     bool IsNextYear(const QDate& date) const { return date.year() == ThisYear + 1; }
+    // Which of the two years date belongs to (next year, or else this year).
+    Year YearSlotOf(const QDate& date) const { return IsNextYear(date) ? Year::Next : Year::This; }
+    int YearOf(Year year) const { return ThisYear + (year == Year::Next ? 1 : 0); }
 
     // The cell of date in its year's holder; nullopt for a date of neither year.
     std::optional<CellIndex> FindDay(const QDate& date) const;
     // The date a cell of this year's (or next year's) holder shows; invalid for a blank cell.
     QDate DateAt(const CellIndex& cell, bool nextYear) const;
 
+signals:
+    void yearChanged(int year);
+    void selectedDateChanged(const QDate& date);
+
 private:
-    // Lays the days of year into holder, month by month; returns the number of days.
-    int FillHolder(DateHolderGrid& holder, int year);
+    QList<PerYearStore*> yearStores_;
 };
 
 bool IsLeapYear(int year);

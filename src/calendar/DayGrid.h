@@ -25,16 +25,6 @@ inline void AppendTwoDigits(QString& text, int n) {
     text += QLatin1Char(static_cast<char>('0' + n % 10));
 }
 
-// The number written as two digits at text[at], or -1 when those are not two digits.
-inline int TwoDigitsAt(QStringView text, qsizetype at) {
-    if (at + 2 > text.size())
-        return -1;
-    const char16_t tens = text[at].unicode(), ones = text[at + 1].unicode();
-    if (tens < u'0' || tens > u'9' || ones < u'0' || ones > u'9')
-        return -1;
-    return (tens - u'0') * 10 + (ones - u'0');
-}
-
 constexpr int kMonths = 12;
 constexpr int kWeekdays = 7;
 constexpr int kWeekRows = 6;

@@ -11,6 +11,8 @@
 struct DayLook {
     // The mark colour (0x00BBGGRR) the day is painted in; nullopt when it is unmarked.
     std::optional<quint32> markColor;
+    // Today's colour, set only on today's date while today is shown.
+    std::optional<quint32> todayColor;
     // The mouse-over text of the day.
     QString hoverText;
     // Short texts written into the day cell (holiday and birthday names).

@@ -1,5 +1,6 @@
 #include "calendar/MarkerColors.h"
 
+#include "calendar/CalendarMessages.h"
 #include "shell/Files.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
@@ -31,13 +32,6 @@ MarkerColor ParseLine(QString line) {
 
 }  // namespace
 
-QString DuplicateColorMessage(const QString& otherCaption) {
-    return QStringLiteral(
-               "This colour is already used by \"%1\". Each mark needs a colour of "
-               "its own; please choose another colour.")
-        .arg(otherCaption);
-}
-
 const MarkerColors::Entries& MarkerColors::Defaults() {
     // Light colours, far enough apart to be told from one another, behind black day numbers.
     static const Entries defaults = {{
@@ -63,10 +57,11 @@ MarkerColors::MarkerColors() : entries_(Defaults()) {}
 
 void MarkerColors::ReadMarkerColors(Services& services) {
     entries_ = Defaults();
+    partlyRead_ = false;
     QString path;
     if (!FileExists(services.AppFolder, kMarkerColorsFile, &path))
         return;
-    services.Trap("ReadMarkerColors", [&] {
+    partlyRead_ = !services.Trap("ReadMarkerColors", [&] {
         const QStringList lines = textfile::ReadLines(path);
         for (int i = 0; i < kCount; ++i) {
             if (i >= lines.size())
@@ -78,15 +73,14 @@ void MarkerColors::ReadMarkerColors(Services& services) {
 
 void MarkerColors::SaveMarkerColors(Services& services) {
     services.Trap("SaveMarkerColors", [&] {
+        if (services.RefuseSaveAfterPartialRead(partlyRead_, kMarkerColorsFile))
+            return;
         QString text;
         for (const MarkerColor& entry : entries_) {
             text += entry.caption + QLatin1Char(':') + QString::number(entry.color) +
                     (entry.hidden ? QStringLiteral("*") : QString()) + kCrLf;
         }
-        QString path;
-        if (!FileExists(services.AppFolder, kMarkerColorsFile, &path))
-            path = services.PathOf(kMarkerColorsFile);
-        textfile::WriteAll(path, text);
+        textfile::WriteAll(PathForWriting(services.AppFolder, kMarkerColorsFile), text);
     });
 }
 
@@ -142,16 +136,17 @@ std::optional<QString> MarkerColors::SetCategory(int i, const QString& caption, 
 }
 
 std::optional<QString> MarkerColors::SetCategories(const Entries& entries) {
+    Entries masked = entries;
+    for (MarkerColor& entry : masked)
+        entry.color &= kLargestColor;
     for (int i = 0; i < kCount; ++i) {
-        if (const auto problem = CaptionProblem(entries[i].caption))
+        if (const auto problem = CaptionProblem(masked[i].caption))
             return problem;
         for (int other = 0; other < i; ++other) {
-            if (entries[other].color == entries[i].color)
-                return DuplicateColorMessage(entries[other].caption);
+            if (masked[other].color == masked[i].color)
+                return DuplicateColorMessage(masked[other].caption);
         }
     }
-    entries_ = entries;
-    for (MarkerColor& entry : entries_)
-        entry.color &= kLargestColor;
+    entries_ = masked;
     return std::nullopt;
 }

@@ -41,7 +41,8 @@ public:
     static const Entries& Defaults();
 
     // Reads the file; a missing file gives the defaults. A short or malformed file keeps the
-    // lines read before the fault, the defaults fill the rest, and the fault is reported.
+    // lines read before the fault, the defaults fill the rest, and the fault is reported; the
+    // file is then not saved over until it has been read whole.
     void ReadMarkerColors(Services& services);
     // Writes every category, hidden ones marked with a trailing "*".
     void SaveMarkerColors(Services& services);
@@ -71,10 +72,5 @@ public:
 
 private:
     Entries entries_;
+    bool partlyRead_ = false;
 };
-
-// Shown when a category is given the colour of another one.
-QString DuplicateColorMessage(const QString& otherCaption);
-inline const QString kEmptyCaptionMessage = QStringLiteral("Please enter a caption for the mark.");
-inline const QString kCaptionLineBreakMessage =
-    QStringLiteral("A mark caption must fit on one line.");

@@ -3,6 +3,7 @@
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "shell/Files.h"
+#include "shell/FixedWidth.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
@@ -11,21 +12,57 @@ namespace {
 // The value a read mark takes in MarkSet: true.
 constexpr qint16 kMarked = -1;
 
-// Characters 1-2, 4-5 and 7-8 of a line locate the cell; from character 10 comes the colour,
-// and the first "-" at or after character 9 starts the hover text.
+// Characters 1-2, 4-5 and 7-8 of a line locate the cell; the colour runs from character 10 up
+// to the first "-" at or after character 9, which starts the hover text.
+constexpr Field kMonthField{0, 2};
+constexpr Field kWeekdayField{3, 2};
+constexpr Field kWeekRowField{6, 2};
 constexpr qsizetype kColorStart = 9;
 constexpr qsizetype kHoverSearchStart = 8;
 
-int IndexField(const QString& line, qsizetype start, int limit) {
-    const int value = TwoDigitsAt(line, start);
-    if (value < 0)
-        Raise(err::TypeMismatch);
-    if (value >= limit)
+int IndexField(QStringView line, const Field& field, int limit) {
+    const int value = ToInt(field.Raw(line));
+    if (value < 0 || value >= limit)
         Raise(err::SubscriptOutOfRange);
     return value;
 }
 
 }  // namespace
+
+void MarkTables::Clear() {
+    set.Fill(0);
+    category.Fill(0);
+    hover.Fill(QString());
+}
+
+QString FormatMarkLine(const MarkLine& mark) {
+    QString line;
+    line.reserve(16 + mark.hover.size());
+    AppendTwoDigits(line, mark.cell.month);
+    line += QLatin1Char(':');
+    AppendTwoDigits(line, mark.cell.weekday);
+    line += QLatin1Char(':');
+    AppendTwoDigits(line, mark.cell.week);
+    line += QLatin1Char(':');
+    line += QString::number(mark.color);
+    if (!mark.hover.isEmpty())
+        line += QLatin1Char('-') + mark.hover;
+    return line;
+}
+
+MarkLine ParseMarkLine(QStringView line) {
+    MarkLine mark;
+    mark.cell = {IndexField(line, kMonthField, kMonths), IndexField(line, kWeekdayField, kWeekdays),
+                 IndexField(line, kWeekRowField, kWeekRows)};
+    const qsizetype dash = line.indexOf(QLatin1Char('-'), kHoverSearchStart);
+    const QStringView color = dash < 0             ? line.mid(kColorStart)
+                              : dash > kColorStart ? line.mid(kColorStart, dash - kColorStart)
+                                                   : QStringView();
+    mark.color = ToInt(color);
+    if (dash >= 0)
+        mark.hover = line.mid(dash + 1).toString();
+    return mark;
+}
 
 DateMarks::DateMarks(Services& services, const DateModel& dates, const MarkerColors& colors)
     : services_(services), dates_(dates), colors_(colors) {}
@@ -38,99 +75,77 @@ QString DateMarks::BackupFileName(int year) {
     return QString::number(year) + QStringLiteral("Marks.bak");
 }
 
-int DateMarks::YearOf(bool nextYear) const {
-    return dates_.ThisYear + (nextYear ? 1 : 0);
-}
-
 void DateMarks::SaveThisYearsMarks() {
-    SaveYear(false, "SaveThisYearsMarks");
+    SaveYear(Year::This, "SaveThisYearsMarks");
 }
 
 void DateMarks::SaveNextYearsMarks() {
-    SaveYear(true, "SaveNextYearsMarks");
+    SaveYear(Year::Next, "SaveNextYearsMarks");
 }
 
 void DateMarks::ReadAndDisplayThisYearsMarks() {
-    ReadYear(false, "ReadAndDisplayThisYearsMarks", FileName(dates_.ThisYear));
+    ReadYear(Year::This, "ReadAndDisplayThisYearsMarks", FileName(dates_.ThisYear));
 }
 
 void DateMarks::ReadAndDisplayNextYearsMarks() {
-    ReadYear(true, "ReadAndDisplayNextYearsMarks", FileName(dates_.ThisYear + 1));
+    ReadYear(Year::Next, "ReadAndDisplayNextYearsMarks", FileName(dates_.ThisYear + 1));
 }
 
-void DateMarks::Save(bool nextYear) {
-    nextYear ? SaveNextYearsMarks() : SaveThisYearsMarks();
+void DateMarks::Save(Year year) {
+    year == Year::Next ? SaveNextYearsMarks() : SaveThisYearsMarks();
 }
 
-void DateMarks::ReadAndDisplay(bool nextYear) {
-    nextYear ? ReadAndDisplayNextYearsMarks() : ReadAndDisplayThisYearsMarks();
+void DateMarks::ReadAndDisplay(Year year) {
+    year == Year::Next ? ReadAndDisplayNextYearsMarks() : ReadAndDisplayThisYearsMarks();
 }
 
-void DateMarks::SaveYear(bool nextYear, const char* procedure) {
+void DateMarks::ReadBothYears() {
+    ReadAndDisplayThisYearsMarks();
+    ReadAndDisplayNextYearsMarks();
+}
+
+void DateMarks::SaveYear(Year year, const char* procedure) {
     services_.Trap(procedure, [&] {
-        const DayGrid<qint32>& category = CategoryTable(nextYear);
-        const DayGrid<QString>& hover = HoverTable(nextYear);
-        QString text;
-        text.reserve(kCells * 16);
-        SetTable(nextYear).ForEach([&](const CellIndex& cell, qint16 marked) {
-            if (marked == 0)
-                return;
-            if (!text.isEmpty())
-                text += kCrLf;  // between lines only: none after the last
-            AppendTwoDigits(text, cell.month);
-            text += QLatin1Char(':');
-            AppendTwoDigits(text, cell.weekday);
-            text += QLatin1Char(':');
-            AppendTwoDigits(text, cell.week);
-            text += QLatin1Char(':');
-            text += QString::number(category[cell]);
-            if (!hover[cell].isEmpty())
-                text += QLatin1Char('-') + hover[cell];
+        const QString fileName = FileName(dates_.YearOf(year));
+        if (services_.RefuseSaveAfterPartialRead(partlyRead[year], fileName))
+            return;
+        const MarkTables& tables = years[year];
+        QStringList lines;
+        tables.set.ForEach([&](const CellIndex& cell, qint16 marked) {
+            if (marked != 0)
+                lines.append(FormatMarkLine({cell, tables.category[cell], tables.hover[cell]}));
         });
         // No marks: the old file becomes the backup and no current file is written.
-        textfile::WriteWithBackup(services_.AppFolder, FileName(YearOf(nextYear)), text);
+        textfile::WriteWithBackup(services_.AppFolder, fileName, textfile::JoinLines(lines));
     });
 }
 
-void DateMarks::Clear(bool nextYear) {
-    SetTable(nextYear).Fill(0);
-    CategoryTable(nextYear).Fill(0);
-    HoverTable(nextYear).Fill(QString());
-}
-
-void DateMarks::ReadYear(bool nextYear, const char* procedure, const QString& fileName) {
-    const int year = YearOf(nextYear);
-    services_.Trap(procedure, [&] {
-        Clear(nextYear);
+void DateMarks::ReadYear(Year year, const char* procedure, const QString& fileName) {
+    MarkTables& tables = years[year];
+    partlyRead[year] = !services_.Trap(procedure, [&] {
+        tables.Clear();
         QString path;
         if (!FileExists(services_.AppFolder, fileName, &path))
             return;
-        DayGrid<qint16>& set = SetTable(nextYear);
-        DayGrid<qint32>& category = CategoryTable(nextYear);
-        DayGrid<QString>& hover = HoverTable(nextYear);
         for (const QString& line : textfile::ReadLines(path)) {
-            const CellIndex cell{IndexField(line, 0, kMonths), IndexField(line, 3, kWeekdays),
-                                 IndexField(line, 6, kWeekRows)};
-            const qsizetype dash = line.indexOf(QLatin1Char('-'), kHoverSearchStart);
-            const QStringView field = QStringView(line).mid(kColorStart);
-            const qint32 color = ToInt(dash < 0 ? field : field.left(dash - kColorStart));
-            set[cell] = kMarked;
-            category[cell] = color;
-            if (dash >= 0)
-                hover[cell] = line.mid(dash + 1);
+            const MarkLine mark = ParseMarkLine(line);
+            tables.set[mark.cell] = kMarked;
+            tables.category[mark.cell] = mark.color;
+            if (!mark.hover.isEmpty())
+                tables.hover[mark.cell] = mark.hover;
         }
     });
-    emit marksRead(year);
+    emit marksRead(dates_.YearOf(year));
 }
 
 std::optional<quint32> DateMarks::VisibleMarkColor(const QDate& date) const {
     const auto cell = dates_.FindDay(date);
     if (!cell)
         return std::nullopt;
-    const bool nextYear = dates_.IsNextYear(date);
-    if ((nextYear ? NextMarkSet : MarkSet)[*cell] == 0)
+    const MarkTables& tables = years[dates_.YearSlotOf(date)];
+    if (tables.set[*cell] == 0)
         return std::nullopt;
-    const auto color = static_cast<quint32>((nextYear ? NextMarkCategory : MarkCategory)[*cell]);
+    const auto color = static_cast<quint32>(tables.category[*cell]);
     if (colors_.IsHiddenColor(color))
         return std::nullopt;
     return color;
@@ -138,9 +153,7 @@ std::optional<quint32> DateMarks::VisibleMarkColor(const QDate& date) const {
 
 QString DateMarks::HoverTextOf(const QDate& date) const {
     const auto cell = dates_.FindDay(date);
-    if (!cell)
-        return {};
-    return (dates_.IsNextYear(date) ? NextHoverText : HoverText)[*cell];
+    return cell ? years[dates_.YearSlotOf(date)].hover[*cell] : QString();
 }
 
 void DateMarks::Decorate(const QDate& date, DayLook& look) const {
@@ -168,7 +181,7 @@ bool DateMarks::RestoreThisYearsMarks() {
         return false;
     // The backup's marks are read and then saved the usual way, so the marks they replace
     // become the new backup: a restore can itself be undone by restoring again.
-    ReadYear(false, "RestoreThisYearsMarks", BackupFileName(year));
+    ReadYear(Year::This, "RestoreThisYearsMarks", BackupFileName(year));
     SaveThisYearsMarks();
     return true;
 }

@@ -6,48 +6,63 @@
 
 #include "calendar/DayGrid.h"
 #include "calendar/DayLook.h"
+#include "calendar/YearPair.h"
 
 class DateModel;
 class MarkerColors;
 class Services;
 
-// The date marks of the year on show and of the next year: for every day cell whether it is
-// marked, its category (stored as the category's colour) and its mouse-over note. Each year
-// is kept in year + "Marks.dat" in the data folder, one line per marked day:
-//
-//     03:02:01:255-Dentist 10 am
-//
-// month index, weekday column and week row (two digits each, from 0), the colour as a decimal
-// number, and "-" with the hover text when the day has one.
-class DateMarks : public QObject {
+// One year's date marks: for every day cell whether it is marked, its category (stored as the
+// category's colour) and its mouse-over note.
+struct MarkTables {
+    DayGrid<qint16> set;
+    DayGrid<qint32> category;
+    DayGrid<QString> hover;
+
+    void Clear();
+};
+
+// One line of a marks file: the cell, the colour and the hover text (empty when none).
+struct MarkLine {
+    CellIndex cell;
+    qint32 color = 0;
+    QString hover;
+};
+
+// "03:02:01:255-Dentist 10 am": month index, weekday column and week row (two digits each,
+// from 0), the colour as a decimal number, and "-" with the hover text when the day has one.
+QString FormatMarkLine(const MarkLine& mark);
+// Throws VbError (13 for a field that is not a number, 9 for an index out of range).
+MarkLine ParseMarkLine(QStringView line);
+
+// The date marks of the year on show and of the next year, each year kept in year +
+// "Marks.dat" in the data folder, one line per marked day.
+class DateMarks : public QObject, public PerYearStore {
     Q_OBJECT
 public:
     DateMarks(Services& services, const DateModel& dates, const MarkerColors& colors);
 
-    DayGrid<qint16> MarkSet;
-    DayGrid<qint32> MarkCategory;
-    DayGrid<QString> HoverText;
-    DayGrid<qint16> NextMarkSet;
-    DayGrid<qint32> NextMarkCategory;
-    DayGrid<QString> NextHoverText;
-
-    // Either year's tables.
-    DayGrid<qint16>& SetTable(bool nextYear) { return nextYear ? NextMarkSet : MarkSet; }
-    DayGrid<qint32>& CategoryTable(bool nextYear) {
-        return nextYear ? NextMarkCategory : MarkCategory;
-    }
-    DayGrid<QString>& HoverTable(bool nextYear) { return nextYear ? NextHoverText : HoverText; }
+    YearPair<MarkTables> years;
+    // Each year's tables by the names the program gives them.
+    DayGrid<qint16>& MarkSet = years[Year::This].set;
+    DayGrid<qint32>& MarkCategory = years[Year::This].category;
+    DayGrid<QString>& HoverText = years[Year::This].hover;
+    DayGrid<qint16>& NextMarkSet = years[Year::Next].set;
+    DayGrid<qint32>& NextMarkCategory = years[Year::Next].category;
+    DayGrid<QString>& NextHoverText = years[Year::Next].hover;
 
     // Write a year's tables to its file. The previous file becomes the year's ".bak"; a year
     // without marks is left with only that backup.
     void SaveThisYearsMarks();
     void SaveNextYearsMarks();
     // Replace a year's tables with its file. A malformed line ends the reading; the lines
-    // before it stay applied. marksRead is announced either way.
+    // before it stay applied, and the year is not saved again until it has been read whole.
+    // marksRead is announced either way.
     void ReadAndDisplayThisYearsMarks();
     void ReadAndDisplayNextYearsMarks();
-    void Save(bool nextYear);
-    void ReadAndDisplay(bool nextYear);
+    void Save(Year year);
+    void ReadAndDisplay(Year year);
+    void ReadBothYears() override;
 
     // The colour a date is painted in: nullopt when it carries no mark, when its category is
     // hidden, or when it lies in neither year.
@@ -73,11 +88,9 @@ signals:
     void marksRead(int year);
 
 private:
-    int YearOf(bool nextYear) const;
-    void Clear(bool nextYear);
-    void SaveYear(bool nextYear, const char* procedure);
+    void SaveYear(Year year, const char* procedure);
     // Replaces a year's tables with the marks of fileName.
-    void ReadYear(bool nextYear, const char* procedure, const QString& fileName);
+    void ReadYear(Year year, const char* procedure, const QString& fileName);
 
     Services& services_;
     const DateModel& dates_;

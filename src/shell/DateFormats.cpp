@@ -70,13 +70,16 @@ QDate ParseMmDdYy(const QString& text, int nearYear) {
     const int yy = text.mid(6, 2).toInt(&okYear);
     if (!okMonth || !okDay || !okYear)
         return {};
-    const int century = nearYear - nearYear % 100;
-    int year = century + yy;
+    return QDate(NearestFullYear(yy, nearYear), month, day);
+}
+
+int NearestFullYear(int twoDigitYear, int nearYear) {
+    const int year = nearYear - nearYear % 100 + twoDigitYear;
     if (year - nearYear > 50)
-        year -= 100;
-    else if (nearYear - year > 50)
-        year += 100;
-    return QDate(year, month, day);
+        return year - 100;
+    if (nearYear - year > 50)
+        return year + 100;
+    return year;
 }
 
 }  // namespace datefmt

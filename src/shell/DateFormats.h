@@ -22,8 +22,12 @@ QString MonthName(int month);                // "mmmm": September
 QString GeneralDate(const QDateTime& when);  // "General Date": 9/7/2026 3:04:05 PM
 QString MediumTime(const QTime& time);       // "Medium Time": 03:04 PM
 
-// A date written "mm/dd/yy". The century is the one that puts the date nearest to nearYear,
-// so that 01/05/00 read while working on 2099 is 2100 and not 2000. Invalid when malformed.
+// The full year of a two-digit year: the century is the one that puts it nearest to
+// nearYear, so that 00 read while working on 2099 is 2100 and not 2000 (a fixed 1930-2029
+// window would break in 2030).
+int NearestFullYear(int twoDigitYear, int nearYear);
+
+// A date written "mm/dd/yy", its century chosen by NearestFullYear. Invalid when malformed.
 QDate ParseMmDdYy(const QString& text, int nearYear);
 
 }  // namespace datefmt

@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+#include "shell/DateFormats.h"
+
 namespace {
 
 int MonthOfName(const QString& name) {
@@ -15,14 +17,7 @@ int MonthOfName(const QString& name) {
 
 int FullYear(const QString& digits, int nearYear) {
     const int year = digits.toInt();
-    if (digits.size() > 2)
-        return year;
-    int full = nearYear - nearYear % 100 + year;
-    if (full - nearYear > 50)
-        full -= 100;
-    else if (nearYear - full > 50)
-        full += 100;
-    return full;
+    return digits.size() > 2 ? year : datefmt::NearestFullYear(year, nearYear);
 }
 
 }  // namespace

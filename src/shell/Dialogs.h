@@ -29,6 +29,11 @@ constexpr int IconOf(int style) {
 }
 }  // namespace vb
 
+// The styles the program's boxes use.
+inline constexpr int kQuestionStyle = vb::YesNo | vb::Question;
+inline constexpr int kWarningStyle = vb::OKOnly | vb::Exclamation;
+inline constexpr int kInformationStyle = vb::OKOnly | vb::Information;
+
 // A line break inside a message or a file: carriage return + line feed.
 inline const QString kCrLf = QStringLiteral("\r\n");
 

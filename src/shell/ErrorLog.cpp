@@ -4,13 +4,8 @@
 #include "shell/DateFormats.h"
 #include "shell/Files.h"
 #include "shell/Services.h"
+#include "shell/ShellMessages.h"
 #include "shell/TextFile.h"
-
-namespace {
-
-const QString kLogName = QStringLiteral("Error.log");
-
-}  // namespace
 
 Services::Services(const QString& dataFolder, Dialogs& dialogs_, Clock& clock_, Platform& platform_)
     : AppFolder(MakeAppFolder(dataFolder)), dialogs(dialogs_), clock(clock_), platform(platform_) {}
@@ -29,15 +24,14 @@ QString Services::ErrorReport(const QString& procedure, int number,
 
 void Services::LogError(const QString& procedure, int number, const QString& description) {
     const QString report = ErrorReport(procedure, number, description);
-    dialogs.MsgBox(report, vb::OKOnly, QStringLiteral("Program Error"));
+    dialogs.MsgBox(report, vb::OKOnly, kProgramErrorTitle);
     AppendToErrorLog(report);
 }
 
 void Services::AppendToErrorLog(const QString& report) {
-    QString path;
+    const QString path = PathForWriting(AppFolder, kErrorLogFile);
     bool ok = true;
-    if (!FileExists(AppFolder, kLogName, &path)) {
-        path = PathOf(kLogName);
+    if (!QFile::exists(path)) {
         QFile create(path);
         ok = create.open(QIODevice::WriteOnly);
     }
@@ -53,5 +47,11 @@ void Services::AppendToErrorLog(const QString& report) {
              log.write(bytes) == bytes.size() && log.flush();
     }
     if (!ok)
-        dialogs.MsgBox(QStringLiteral("Error writing to Error.log."));
+        dialogs.MsgBox(kErrorLogWriteFailed);
+}
+
+bool Services::RefuseSaveAfterPartialRead(bool partlyRead, const QString& fileName) {
+    if (partlyRead)
+        dialogs.MsgBox(PartlyReadFileMessage(fileName), kWarningStyle);
+    return partlyRead;
 }

@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 
 #include "shell/Dialogs.h"
+#include "shell/ShellMessages.h"
 #include "shell/VbError.h"
 
 namespace {
@@ -60,11 +61,16 @@ bool FileExists(const QString& folder, const QString& name, QString* realPath) {
     return true;
 }
 
+QString PathForWriting(const QString& folder, const QString& name) {
+    QString path;
+    return FileExists(folder, name, &path) ? path : JoinPath(folder, name);
+}
+
 bool FolderExists(Dialogs& dialogs, const QString& parent, const QString& name, QString* realPath) {
     if (!QFileInfo(parent).isDir() || !QFileInfo(parent).isReadable()) {
         const VbError error(err::PathNotFound);
-        dialogs.MsgBox(QStringLiteral("Error encountered during Events Folder check.") + kCrLf +
-                       QStringLiteral("Error Number: ") + QString::number(error.number()) + kCrLf +
+        dialogs.MsgBox(kFolderCheckFailed + kCrLf + QStringLiteral("Error Number: ") +
+                       QString::number(error.number()) + kCrLf +
                        QStringLiteral("Error Description: ") + error.description());
         return false;
     }

@@ -21,6 +21,10 @@ QString JoinPath(const QString& folder, const QString& relative);
 // an exact spelling winning over another. realPath receives the path on disk.
 bool FileExists(const QString& folder, const QString& name, QString* realPath = nullptr);
 
+// Where a file of the data folder is written: the existing file, whatever the letter case of
+// its name on disk, or else folder + name.
+QString PathForWriting(const QString& folder, const QString& name);
+
 // True when parent holds a folder called name (case-insensitive). When parent cannot be listed
 // it says so in a message box and returns false.
 bool FolderExists(Dialogs& dialogs, const QString& parent, const QString& name,

@@ -5,11 +5,13 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include "shell/Dialogs.h"
+#include "shell/ShellMessages.h"
 
 InstanceLock::InstanceLock(const QString& appFolder)
     : lock_(std::make_unique<QLockFile>(LockPathFor(appFolder))) {
-    // A running copy may hold the lock for weeks; only a dead owner makes it stale.
+    // A lock is never taken over for its age alone (0 turns the age test off): a running copy
+    // may hold it for weeks. A lock whose owner process has died is still recognised as stale
+    // and taken over, since that test does not depend on the age.
     lock_->setStaleLockTime(0);
 }
 
@@ -31,7 +33,6 @@ QString InstanceLock::LockPathFor(const QString& appFolder) {
 bool RefuseSecondInstance(InstanceLock& lock, Dialogs& dialogs) {
     if (lock.TryAcquire())
         return false;
-    dialogs.MsgBox(QStringLiteral("Another instance of this application is already running."),
-                   vb::OKOnly | vb::Exclamation, {});
+    dialogs.MsgBox(kSecondInstanceMessage, vb::OKOnly | vb::Exclamation, {});
     return true;
 }

@@ -1,6 +1,6 @@
 #include "shell/Prompts.h"
 
-#include "shell/Dialogs.h"
+#include "shell/ShellMessages.h"
 
 namespace {
 
@@ -34,8 +34,7 @@ bool IllegalFileName(Dialogs& dialogs, const QString& name) {
     static const QString kIllegal = QStringLiteral("/\\:*?<>|");
     for (const QChar c : kIllegal) {
         if (name.contains(c)) {
-            dialogs.MsgBox(QStringLiteral("Action Cancelled. File Name cannot include any of ") +
-                           kCrLf + QStringLiteral("the following characters: / \\ : * ? < > |"));
+            dialogs.MsgBox(kIllegalFileNameMessage);
             return true;
         }
     }
@@ -46,23 +45,17 @@ void PromptUnsavedChanges(Dialogs& dialogs, ChangeFlags& flags, const EditorHook
     flags.CancelRequested = false;
     if (flags.MonthIconsChanged &&
         !AskToSave(
-            dialogs, flags,
-            QStringLiteral("Monthly Icons have been changed. Do you want to save those changes?"),
-            QStringLiteral("Month Has Changed"),
+            dialogs, flags, kMonthIconsChangedQuestion, kMonthIconsChangedTitle,
             [&] { Run(flags.TemplateMode ? editors.saveTemplateIcons : editors.saveMonthIcons); },
             [&] { flags.MonthIconsChanged = flags.TemplateMode = false; }))
         return;
     if (Call(editors.plannerOpen) && flags.PlannerChanged &&
         !AskToSave(
-            dialogs, flags,
-            QStringLiteral("The Planner has been changed. Do you want to save those changes?"),
-            QStringLiteral("Planner Has Changed"), [&] { Run(editors.savePlanner); },
-            [&] { flags.PlannerChanged = false; }))
+            dialogs, flags, kPlannerChangedQuestion, kPlannerChangedTitle,
+            [&] { Run(editors.savePlanner); }, [&] { flags.PlannerChanged = false; }))
         return;
     if (Call(editors.notesOpen) && flags.NotesChanged)
         AskToSave(
-            dialogs, flags,
-            QStringLiteral("The Notes have been changed. Do you want to save those changes?"),
-            QStringLiteral("Notes Have Changed"), [&] { Run(editors.saveNotes); },
-            [&] { flags.NotesChanged = false; });
+            dialogs, flags, kNotesChangedQuestion, kNotesChangedTitle,
+            [&] { Run(editors.saveNotes); }, [&] { flags.NotesChanged = false; });
 }

@@ -30,6 +30,10 @@ public:
     // The report text LogError shows and logs.
     QString ErrorReport(const QString& procedure, int number, const QString& description) const;
 
+    // Refuses to write fileName over a file whose last read stopped at a faulty line, which
+    // would lose the lines never read: says so and returns true. False when it was read whole.
+    bool RefuseSaveAfterPartialRead(bool partlyRead, const QString& fileName);
+
     // Runs body as the named procedure: an error it raises is logged under that name and the
     // procedure is left; the caller goes on. Returns false when body failed.
     template <class Body>

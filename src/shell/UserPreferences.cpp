@@ -8,10 +8,10 @@
 
 const QStringList& prefkey::All() {
     static const QStringList keys = {
-        SharedDirectory,   CompanyName, CompanyAddress1,  CompanyAddress2, CompanyCityStateZip,
-        CompanyPhone,      CompanyFax,  CompanyWebsite,   CompanyEmail,    AutoCompleteWord,
-        AutoStartPosition, ShowFut,     MinimizeFut,      DefaultPrinter,  FrequentTermsFile,
-        LoadFutPosition,   FutPosition, NetworkShareDrive};
+        SharedDirectory,   CompanyName, CompanyAddress1,   CompanyAddress2,   CompanyCityStateZip,
+        CompanyPhone,      CompanyFax,  CompanyWebsite,    CompanyEmail,      AutoCompleteWord,
+        AutoStartPosition, ShowFut,     MinimizeFut,       DefaultPrinter,    FrequentTermsFile,
+        LoadFutPosition,   FutPosition, NetworkShareDrive, MainWindowPosition};
     return keys;
 }
 
@@ -51,10 +51,7 @@ void UserPreferences::SaveUserPreferences(Services& services) {
         QString text;
         for (const auto& [key, value] : lines_)
             text += key + value + kCrLf;
-        QString path;
-        if (!FileExists(services.AppFolder, kUserPreferencesFile, &path))
-            path = services.PathOf(kUserPreferencesFile);
-        textfile::WriteAll(path, text);
+        textfile::WriteAll(PathForWriting(services.AppFolder, kUserPreferencesFile), text);
     });
 }
 

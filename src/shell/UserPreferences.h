@@ -28,6 +28,8 @@ inline const QString FrequentTermsFile = QStringLiteral("Frequent Terms File:");
 inline const QString LoadFutPosition = QStringLiteral("Load FUT Position:");
 inline const QString FutPosition = QStringLiteral("FUT Position:");
 inline const QString NetworkShareDrive = QStringLiteral("Network Share Drive:");
+// The main window's place and size: left,top,width,height,maximized (-1 or 0).
+inline const QString MainWindowPosition = QStringLiteral("Main Window Position:");
 
 // Every key the program knows, in the order a new file lists them.
 const QStringList& All();

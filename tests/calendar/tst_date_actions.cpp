@@ -3,7 +3,10 @@
 
 #include "TestEnv.h"
 #include "calendar/CalendarDisplay.h"
+#include "calendar/CalendarMessages.h"
 #include "calendar/DateActions.h"
+#include "shell/ShellCommands.h"
+#include "shell/ShellMessages.h"
 #include "shell/TextFile.h"
 
 namespace {
@@ -16,7 +19,7 @@ public:
     int viewKind = 1;
     QStringList calls;
 
-    int ViewKind() const override { return viewKind; }
+    ViewKind ViewOnShow() const override { return ViewKind(viewKind); }
     void ReDraw1MonthDateMarks() override { calls << "ReDraw1MonthDateMarks"; }
     void ReDraw6MonthDateMarks() override { calls << "ReDraw6MonthDateMarks"; }
     void ReDrawDateMarks() override { calls << "ReDrawDateMarks"; }
@@ -47,7 +50,9 @@ struct Fixture {
 
     TestEnv env;
     RecordingDisplay display;
-    DateActions actions{*env.state, display};
+    DateActions actions{env.state->services, env.state->dates, env.state->markerColors,
+                        env.state->marks, display};
+    ShellCommands commands{env.state->services, env.state->prefs};
     DateMarks& marks = env.state->marks;
 };
 
@@ -257,11 +262,11 @@ void DateActionsTest::networkShareDrive() {
     if (!accepted && !answer.isEmpty())
         f.env.dialogs.ExpectMsgBox(QStringLiteral("Could not determine drive letter."),
                                    kWarningStyle, QString());
-    f.actions.mnuOptNetworkShare_Click();
+    f.commands.mnuOptNetworkShare_Click();
     VERIFY_DIALOGS(f.env.dialogs);
     QCOMPARE(f.env.state->prefs.Value(prefkey::NetworkShareDrive), accepted ? answer : QString());
     QCOMPARE(f.env.read("UserPreferences.txt")
-                 .endsWith("\r\nNetwork Share Drive:" + answer.toLatin1() + "\r\n"),
+                 .contains("\r\nNetwork Share Drive:" + answer.toLatin1() + "\r\n"),
              accepted);
 }
 
@@ -270,7 +275,7 @@ void DateActionsTest::createShortcut() {
     f.env.dialogs.ExpectMsgBox(
         QStringLiteral("A Shortcut has been successfully added to Programs."), kInformationStyle,
         QString());
-    f.actions.mnuOptCreateShortcut_Click(QStringLiteral("/opt/orvanta/orvanta"));
+    f.commands.mnuOptCreateShortcut_Click(QStringLiteral("/opt/orvanta/orvanta"));
     QCOMPARE(
         f.env.platform.shortcuts,
         QStringList({"Shortcut to Orvanta -> /opt/orvanta/orvanta --data-dir " + f.env.folder()}));
@@ -278,7 +283,7 @@ void DateActionsTest::createShortcut() {
     f.env.platform.shortcutError = VbError(70);
     f.env.dialogs.ExpectMsgBox(QStringLiteral("Unable to Create Shortcut : 70 : Permission denied"),
                                kWarningStyle, QString());
-    f.actions.mnuOptCreateShortcut_Click(QStringLiteral("/opt/orvanta/orvanta"));
+    f.commands.mnuOptCreateShortcut_Click(QStringLiteral("/opt/orvanta/orvanta"));
     VERIFY_DIALOGS(f.env.dialogs);
 }
 
@@ -295,13 +300,13 @@ void DateActionsTest::supportPages() {
     f.env.dialogs.ExpectMsgBox(report, kInformationStyle, QString());
     f.env.dialogs.ExpectMsgBox(sendLog, kInformationStyle, QString());
     f.env.dialogs.ExpectMsgBox(QStringLiteral("Log File not found."), kWarningStyle, QString());
-    f.actions.mnuSupportReportProblem_Click();
-    f.actions.mnuSupportSendErrorLog_Click();
+    f.commands.mnuSupportReportProblem_Click();
+    f.commands.mnuSupportSendErrorLog_Click();
     QCOMPARE(f.env.platform.clipboard, QString());
 
     f.env.write("error.LOG", "9/7/2026 10:30:00 AM\r\nAn error occurred in X.\r\n");
     f.env.dialogs.ExpectMsgBox(sendLog, kInformationStyle, QString());
-    f.actions.mnuSupportSendErrorLog_Click();
+    f.commands.mnuSupportSendErrorLog_Click();
     VERIFY_DIALOGS(f.env.dialogs);
     QCOMPARE(f.env.platform.clipboard,
              QStringLiteral("9/7/2026 10:30:00 AM\r\nAn error occurred in X.\r\n"));

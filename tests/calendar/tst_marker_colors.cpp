@@ -1,6 +1,7 @@
 #include <QTest>
 
 #include "TestEnv.h"
+#include "calendar/CalendarMessages.h"
 
 namespace {
 

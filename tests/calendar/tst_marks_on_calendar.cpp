@@ -8,10 +8,11 @@
 #include <QPushButton>
 
 #include "TestEnv.h"
+#include "app/gui/MainWindow.h"
+#include "calendar/gui/CalendarMenus.h"
 #include "calendar/gui/CalendarView.h"
 #include "calendar/gui/frmMarkerColors.h"
 #include "shell/gui/Colors.h"
-#include "shell/gui/frmMain.h"
 
 namespace {
 
@@ -31,13 +32,18 @@ class MarksOnCalendarTest : public QObject {
 
     std::unique_ptr<TestEnv> env;
     std::unique_ptr<frmMain> window;
+    CalendarMenus* calendar = nullptr;
 
     void start() {
-        window = std::make_unique<frmMain>(*env->state);
+        MainWindow created = CreateMainWindow(*env->state);
+        window = std::move(created.frame);
+        calendar = created.calendar;
         window->Form_Load();
+        window->setWindowState(Qt::WindowNoState);
+        window->resize(1180, 800);
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        window->Show1MonthCalendar();
+        calendar->Show1MonthCalendar();
     }
     // A fresh program on the same data folder, as after closing and starting again.
     void restart() {
@@ -49,7 +55,7 @@ class MarksOnCalendarTest : public QObject {
     QAction* menu(const QString& name) { return window->findChild<QAction*>(name); }
     // The colour painted near the lower right corner of a day's cell, clear of its text.
     QColor painted(const QDate& date) {
-        CalendarView* view = window->calendarView();
+        CalendarView* view = calendar->calendarView();
         const QRect cell = view->DayRect(date);
         return QColor(view->grab().toImage().pixel(cell.right() - 8, cell.bottom() - 8));
     }
@@ -78,7 +84,7 @@ private slots:
 
     void markingThroughTheMenuPaintsAndSavesTheDay() {
         const QColor before = painted(kToday.addDays(2));
-        env->state->SelectDate(kToday.addDays(2));
+        env->state->dates.SelectDate(kToday.addDays(2));
         menu("mnuOptDateMarkAs_3")->trigger();  // Doctor, 65280: pure green
         QCOMPARE(env->read("2026Marks.dat"), QByteArray("08:03:01:65280"));
         QCOMPARE(painted(kToday.addDays(2)), QColor(0, 255, 0));
@@ -89,18 +95,18 @@ private slots:
             "Optional Hover Text: Doctor for 9/9/2026", "", "Dr. Lee - 10 am");
         menu("mnuOptDateAttachHoverText")->trigger();
         QCOMPARE(env->read("2026Marks.dat"), QByteArray("08:03:01:65280-Dr. Lee - 10 am"));
-        QCOMPARE(window->LookOf(kToday.addDays(2)).hoverText, QString("Dr. Lee - 10 am"));
+        QCOMPARE(calendar->LookOf(kToday.addDays(2)).hoverText, QString("Dr. Lee - 10 am"));
 
         restart();
         QCOMPARE(painted(kToday.addDays(2)), QColor(0, 255, 0));
-        QCOMPARE(window->LookOf(kToday.addDays(2)).hoverText, QString("Dr. Lee - 10 am"));
+        QCOMPARE(calendar->LookOf(kToday.addDays(2)).hoverText, QString("Dr. Lee - 10 am"));
     }
 
     void quickMarkPaintsTheTravelColourInEveryView() {
         menu("mnuOptDateQuickMark")->trigger();
         QCOMPARE(env->read("2026Marks.dat"), QByteArray("08:01:01:16711680"));
         QCOMPARE(painted(kToday), QColor(0, 0, 255));  // 0x00FF0000 is blue
-        window->Show1YearCalendar();
+        calendar->Show1YearCalendar();
         QCOMPARE(painted(kToday), QColor(0, 0, 255));
         menu("mnuOptDateClearMark")->trigger();
         QVERIFY(painted(kToday) != QColor(0, 0, 255));
@@ -112,7 +118,7 @@ private slots:
         env->write("2026Marks.dat", "08:01:01:255-Board");
         env->state->marks.ReadAndDisplayThisYearsMarks();
         QVERIFY(painted(kToday) != QColor(255, 0, 0));
-        QCOMPARE(window->LookOf(kToday).markColor, std::nullopt);
+        QCOMPARE(calendar->LookOf(kToday).markColor, std::nullopt);
         menu("mnuEditMark_9")->trigger();
         QVERIFY(menu("mnuEditMark_9")->isChecked());
         QCOMPARE(painted(kToday), QColor(255, 0, 0));
@@ -133,13 +139,13 @@ private slots:
         auto* doctor = marks->findChild<QCheckBox*>("chkMarker_3");
         QCOMPARE(doctor->text(), QString("Doctor"));
         QVERIFY(doctor->isChecked());
-        QTest::mouseClick(doctor, Qt::LeftButton);
+        QTest::mouseClick(doctor, Qt::LeftButton, {}, QPoint(8, doctor->height() / 2));
         QVERIFY(!menu("mnuEditMark_3")->isChecked());
-        QCOMPARE(window->LookOf(kToday).markColor, std::nullopt);
+        QCOMPARE(calendar->LookOf(kToday).markColor, std::nullopt);
         // The menu and the window follow each other.
         menu("mnuEditMarksShowAll")->trigger();
         QVERIFY(doctor->isChecked());
-        QCOMPARE(window->LookOf(kToday).markColor, std::optional<quint32>(65280));
+        QCOMPARE(calendar->LookOf(kToday).markColor, std::optional<quint32>(65280));
     }
 
     void colourWindowRefusesASharedColourAndSavesTheRest() {
@@ -182,21 +188,21 @@ private slots:
     void movingToAnotherYearReadsItsMarks() {
         env->write("2027Marks.dat", "00:05:00:65280-New Year");
         env->state->marks.ReadAndDisplayNextYearsMarks();
-        QCOMPARE(window->LookOf(QDate(2027, 1, 1)).hoverText, QString("New Year"));
+        QCOMPARE(calendar->LookOf(QDate(2027, 1, 1)).hoverText, QString("New Year"));
         env->write("2028Marks.dat", "00:06:00:1012");
-        env->state->SelectDate(QDate(2027, 6, 1));
-        QCOMPARE(window->LookOf(QDate(2027, 1, 1)).markColor, std::optional<quint32>(65280));
-        QCOMPARE(window->LookOf(QDate(2028, 1, 1)).markColor, std::optional<quint32>(1012));
-        QCOMPARE(window->LookOf(kToday).markColor, std::nullopt);
+        env->state->dates.SelectDate(QDate(2027, 6, 1));
+        QCOMPARE(calendar->LookOf(QDate(2027, 1, 1)).markColor, std::optional<quint32>(65280));
+        QCOMPARE(calendar->LookOf(QDate(2028, 1, 1)).markColor, std::optional<quint32>(1012));
+        QCOMPARE(calendar->LookOf(kToday).markColor, std::nullopt);
     }
 
     void rightClickOffersTheDateOptions() {
-        CalendarView* view = window->calendarView();
+        CalendarView* view = calendar->calendarView();
         const QPoint at = view->DayRect(kToday.addDays(3)).center();
         QContextMenuEvent event(QContextMenuEvent::Mouse, at, view->mapToGlobal(at));
         QCoreApplication::sendEvent(view, &event);
         QCOMPARE(env->state->dates.SelectedDate, kToday.addDays(3));
-        QMenu* options = window->DateOptionsMenu();
+        QMenu* options = calendar->DateOptionsMenu();
         QTRY_VERIFY(options->isVisible());
         options->close();
     }

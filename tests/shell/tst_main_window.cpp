@@ -15,8 +15,9 @@
 
 #include "TestEnv.h"
 #include "Version.h"
+#include "app/gui/MainWindow.h"
+#include "calendar/gui/CalendarMenus.h"
 #include "calendar/gui/CalendarView.h"
-#include "shell/gui/frmMain.h"
 
 namespace {
 
@@ -170,6 +171,7 @@ class MainWindowTest : public QObject {
 
     std::unique_ptr<TestEnv> env;
     std::unique_ptr<frmMain> window;
+    CalendarMenus* calendar = nullptr;
 
     template <class T>
     T* find(const QString& name) const {
@@ -184,8 +186,12 @@ class MainWindowTest : public QObject {
         env->write("Help_Topics.txt",
                    "*Getting Started:Start here.\r\n*Calendar Views:One month, six months.*"
                    "Marks:Coloured days.");
-        window = std::make_unique<frmMain>(*env->state);
+        MainWindow created = CreateMainWindow(*env->state);
+        window = std::move(created.frame);
+        calendar = created.calendar;
         window->Form_Load();
+        window->setWindowState(Qt::WindowNoState);
+        window->resize(1180, 800);
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
     }
@@ -353,7 +359,7 @@ private slots:
         QCOMPARE(find<QComboBox>("cmbYear")->currentText(), QString("2026"));
         QCOMPARE(find<QComboBox>("cmbDay")->count(), 30);
         QCOMPARE(find<QLineEdit>("txtDate")->text(), QString("9/7/2026"));
-        QCOMPARE(window->ViewKind(), 12);
+        QCOMPARE(int(calendar->ViewOnShow()), 12);
         QCOMPARE(env->state->dates.DateHolder.at(8, 1, 1), QString("09/07/26"));
         QCOMPARE(env->state->dates.NextDateHolder.at(0, 5, 0), QString("01/01/27"));
     }
@@ -382,7 +388,7 @@ private slots:
     }
 
     void aDayClampsToTheShorterMonth() {
-        env->state->SelectDate(QDate(2026, 1, 31));
+        env->state->dates.SelectDate(QDate(2026, 1, 31));
         find<QComboBox>("cmbMonth")->setCurrentIndex(1);
         QCOMPARE(env->state->dates.SelectedDate, QDate(2026, 2, 28));
         find<QComboBox>("cmbYear")->setCurrentText("2024");
@@ -390,7 +396,7 @@ private slots:
     }
 
     void movingIntoAnotherYearRefillsBothYears() {
-        QSignalSpy years(env->state.get(), &ProgramState::yearChanged);
+        QSignalSpy years(&env->state->dates, &DateModel::yearChanged);
         find<QComboBox>("cmbYear")->setCurrentText("2022");
         QCOMPARE(years.count(), 1);
         const DateModel& dates = env->state->dates;
@@ -417,23 +423,23 @@ private slots:
 
     void viewButtonsAndMenuSwitchTheView() {
         QTest::mouseClick(find<QToolButton>("imgCal_0"), Qt::LeftButton);
-        QCOMPARE(window->ViewKind(), 1);
+        QCOMPARE(int(calendar->ViewOnShow()), 1);
         QTest::mouseClick(find<QToolButton>("imgCal_1"), Qt::LeftButton);
-        QCOMPARE(window->ViewKind(), 6);
+        QCOMPARE(int(calendar->ViewOnShow()), 6);
         menu("mnuCalOneMonth")->trigger();
-        QCOMPARE(window->ViewKind(), 1);
+        QCOMPARE(int(calendar->ViewOnShow()), 1);
         menu("mnuCalOneYear")->trigger();
-        QCOMPARE(window->ViewKind(), 12);
+        QCOMPARE(int(calendar->ViewOnShow()), 12);
         QCOMPARE(window->mdiArea()->subWindowList().size(), 1);
         window->mdiArea()->subWindowList().first()->close();
-        QCOMPARE(window->ViewKind(), 0);
+        QCOMPARE(int(calendar->ViewOnShow()), 0);
         QTest::mouseClick(find<QToolButton>("imgOpt_0"), Qt::LeftButton);
-        QCOMPARE(window->ViewKind(), 1);
+        QCOMPARE(int(calendar->ViewOnShow()), 1);
     }
 
     void clickingADaySelectsIt() {
-        window->Show1MonthCalendar();
-        CalendarView* view = window->calendarView();
+        calendar->Show1MonthCalendar();
+        CalendarView* view = calendar->calendarView();
         const QRect cell = view->DayRect(QDate(2026, 9, 23));
         QVERIFY(!cell.isEmpty());
         QTest::mouseClick(view, Qt::LeftButton, {}, cell.center());
@@ -454,32 +460,32 @@ private slots:
     void keysMoveTheSelection() {
         QFETCH(int, key);
         QFETCH(QDate, expected);
-        window->Show1MonthCalendar();
-        QTest::keyClick(window->calendarView(), Qt::Key(key));
+        calendar->Show1MonthCalendar();
+        QTest::keyClick(calendar->calendarView(), Qt::Key(key));
         QCOMPARE(env->state->dates.SelectedDate, expected);
     }
 
     void viewsLayOutTheMonthsOnShow() {
-        env->state->SelectDate(QDate(2026, 10, 15));
-        window->Show6MonthCalendar();
-        const QList<QDate> six = window->calendarView()->MonthsOnShow();
+        env->state->dates.SelectDate(QDate(2026, 10, 15));
+        calendar->Show6MonthCalendar();
+        const QList<QDate> six = calendar->calendarView()->MonthsOnShow();
         QCOMPARE(six.size(), 6);
         QCOMPARE(six.first(), QDate(2026, 10, 1));
         QCOMPARE(six.last(), QDate(2027, 3, 1));
         // A month of next year is laid out from next year's date holder.
-        QVERIFY(!window->calendarView()->DayRect(QDate(2027, 3, 31)).isEmpty());
-        window->Show1YearCalendar();
-        QCOMPARE(window->calendarView()->MonthsOnShow().first(), QDate(2026, 1, 1));
-        QCOMPARE(window->calendarView()->MonthsOnShow().size(), 12);
+        QVERIFY(!calendar->calendarView()->DayRect(QDate(2027, 3, 31)).isEmpty());
+        calendar->Show1YearCalendar();
+        QCOMPARE(calendar->calendarView()->MonthsOnShow().first(), QDate(2026, 1, 1));
+        QCOMPARE(calendar->calendarView()->MonthsOnShow().size(), 12);
     }
 
     void decoratorsPaintTheDay() {
-        window->Show1MonthCalendar();
-        window->AddDayDecorator([](const QDate& date, DayLook& look) {
+        calendar->Show1MonthCalendar();
+        calendar->AddDayDecorator([](const QDate& date, DayLook& look) {
             if (date == QDate(2026, 9, 16))
                 look.markColor = 0x0000ff;  // red, as 0x00BBGGRR
         });
-        CalendarView* view = window->calendarView();
+        CalendarView* view = calendar->calendarView();
         const QImage image = view->grab().toImage();
         const QRect cell = view->DayRect(QDate(2026, 9, 16));
         QCOMPARE(QColor(image.pixel(cell.right() - 6, cell.bottom() - 6)), QColor(255, 0, 0));
@@ -538,7 +544,7 @@ private slots:
         QCOMPARE(window->close(), closed);
         QCOMPARE(window->isVisible(), !closed);
         QVERIFY(window->IsChildOpen(editor));
-        QCOMPARE(env->state->closing, closed);
+        QCOMPARE(window->IsClosing(), closed);
     }
 
     void unsavedChangesAreAskedBeforeTheCloseQuestion() {

@@ -5,7 +5,7 @@
 
 #include "TestEnv.h"
 #include "Version.h"
-#include "shell/FirstStart.h"
+#include "app/FirstStart.h"
 #include "shell/InstanceLock.h"
 
 namespace {

@@ -24,7 +24,8 @@ void UserPreferencesTest::missingFileGivesEmptySettingsAndSavesEveryKey() {
                         "Company Fax:\r\nCompany Website:\r\nCompany Email:\r\n"
                         "Auto Complete Word:\r\nAuto Start Position:\r\nShow FUT:\r\n"
                         "Minimize FUT:\r\nDefault Printer:\r\nFrequent Terms File:\r\n"
-                        "Load FUT Position:\r\nFUT Position:\r\nNetwork Share Drive:e\r\n"));
+                        "Load FUT Position:\r\nFUT Position:\r\nNetwork Share Drive:e\r\n"
+                        "Main Window Position:\r\n"));
     VERIFY_DIALOGS(env.dialogs);
 }
 
@@ -51,7 +52,8 @@ void UserPreferencesTest::unknownLinesKeepTheirPlace() {
                         "Company Phone:\r\nCompany Fax:\r\nCompany Website:\r\nCompany Email:\r\n"
                         "Auto Complete Word:\r\nAuto Start Position:\r\nShow FUT:\r\n"
                         "Minimize FUT:\r\nDefault Printer:\r\nFrequent Terms File:\r\n"
-                        "Load FUT Position:\r\nNetwork Share Drive:\r\nNewer Key:x\r\n"));
+                        "Load FUT Position:\r\nNetwork Share Drive:\r\nMain Window Position:\r\n"
+                        "Newer Key:x\r\n"));
     VERIFY_DIALOGS(env.dialogs);
 }
 

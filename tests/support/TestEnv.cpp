@@ -36,7 +36,7 @@ bool TestEnv::exists(const QString& name) const {
 }
 
 void TestEnv::select(const QDate& date) {
-    state->SelectDate(date);
+    state->dates.SelectDate(date);
 }
 
 void TestEnv::expectProgramError(const QString& procedure, int number, const QString& description) {

@@ -10,7 +10,7 @@
 #include "FakeClock.h"
 #include "FakeDialogs.h"
 #include "FakePlatform.h"
-#include "shell/ProgramState.h"
+#include "app/ProgramState.h"
 
 // A fresh program state on an empty temporary data folder, with scripted dialogs, a clock
 // standing at `now` and a recording platform. Nothing is shared between tests.

@@ -6,33 +6,39 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include "calendar/DateModel.h"
+#include "shell/Clock.h"
 #include "shell/DateFormats.h"
-#include "shell/ProgramState.h"
 #include "shell/gui/Colors.h"
 
 namespace {
 
 constexpr int kMargin = 6;
+constexpr int kSixMonths = 6;
 
-int SheetColumns(int months) {
-    return months == 1 ? 1 : months == 6 ? 3 : 4;
+int SheetColumns(ViewKind kind) {
+    return kind == ViewKind::OneMonth ? 1 : kind == ViewKind::SixMonths ? 3 : 4;
 }
 
-QColor TextOn(const QColor& fill) {
-    return fill.lightness() < 128 ? Qt::white : Qt::black;
+QDate FirstOfMonth(const QDate& date) {
+    return QDate(date.year(), date.month(), 1);
 }
 
 }  // namespace
 
-CalendarView::CalendarView(ProgramState& state, std::function<DayLook(const QDate&)> lookOf,
-                           QWidget* parent)
-    : QWidget(parent), state_(state), lookOf_(std::move(lookOf)) {
+CalendarView::CalendarView(DateModel& dates, const Clock& clock,
+                           std::function<DayLook(const QDate&)> lookOf, QWidget* parent)
+    : QWidget(parent), dates_(dates), clock_(clock), lookOf_(std::move(lookOf)) {
     setObjectName(QStringLiteral("CalendarView"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(420, 320);
-    connect(&state_, &ProgramState::selectedDateChanged, this, [this] { update(); });
+    firstShown_ = dates_.FirstOfMonth;
+    connect(&dates_, &DateModel::selectedDateChanged, this, [this](const QDate& date) {
+        FollowSelection(date);
+        update();
+    });
 }
 
 const QStringList& CalendarView::WeekdayNames() {
@@ -42,31 +48,55 @@ const QStringList& CalendarView::WeekdayNames() {
     return names;
 }
 
-void CalendarView::SetMonthsShown(int months) {
-    monthsShown_ = months == 1 || months == 6 ? months : 12;
+void CalendarView::SetViewKind(ViewKind kind) {
+    if (kind == ViewKind::None)
+        kind = ViewKind::OneYear;
+    if (kind == ViewKind::SixMonths && kind_ != kind)
+        firstShown_ = dates_.FirstOfMonth;
+    kind_ = kind;
     update();
 }
 
+void CalendarView::ScrollTo(const QDate& date) {
+    firstShown_ = FirstOfMonth(date);
+    update();
+}
+
+void CalendarView::FollowSelection(const QDate& date) {
+    if (kind_ != ViewKind::SixMonths || !date.isValid())
+        return;
+    const QDate month = FirstOfMonth(date);
+    if (month < firstShown_)
+        firstShown_ = month;
+    else if (month > firstShown_.addMonths(kSixMonths - 1))
+        firstShown_ = month.addMonths(1 - kSixMonths);
+}
+
 QList<QDate> CalendarView::MonthsOnShow() const {
-    const DateModel& dates = state_.dates;
     QList<QDate> months;
-    if (monthsShown_ == 12) {
-        for (int m = 1; m <= 12; ++m)
-            months.append(QDate(dates.ThisYear, m, 1));
-    } else {
-        for (int i = 0; i < monthsShown_; ++i)
-            months.append(dates.FirstOfMonth.addMonths(i));
+    switch (kind_) {
+        case ViewKind::OneMonth:
+            months.append(dates_.FirstOfMonth);
+            break;
+        case ViewKind::SixMonths:
+            for (int i = 0; i < kSixMonths; ++i)
+                months.append(firstShown_.addMonths(i));
+            break;
+        default:
+            for (int m = 1; m <= 12; ++m)
+                months.append(QDate(dates_.ThisYear, m, 1));
     }
     return months;
 }
 
 QDate CalendarView::DayOfCell(const QDate& first, int weekday, int week) const {
-    const DateModel& dates = state_.dates;
-    const bool next = dates.IsNextYear(first);
-    const DateHolderGrid* holder = dates.HolderFor(first);
-    if (!holder)
-        return {};
-    return dates.DateAt(CellIndex{first.month() - 1, weekday, week}, next);
+    if (dates_.HolderFor(first))
+        return dates_.DateAt(CellIndex{first.month() - 1, weekday, week}, dates_.IsNextYear(first));
+    // A month of neither year in memory (a six-month view reaching back after the selection
+    // moved into next year) is laid out the same way from the calendar alone.
+    const int firstColumn = first.dayOfWeek() % 7;
+    const QDate day = first.addDays(week * 7 + weekday - firstColumn);
+    return day.month() == first.month() ? day : QDate();
 }
 
 int CalendarView::RowsOf(const QDate& first) const {
@@ -80,14 +110,13 @@ int CalendarView::RowsOf(const QDate& first) const {
 
 QList<CalendarView::Sheet> CalendarView::Layout() const {
     const QList<QDate> months = MonthsOnShow();
-    const int columns = SheetColumns(monthsShown_);
+    const int columns = SheetColumns(kind_);
     const int rowsOfSheets = (months.size() + columns - 1) / columns;
     const QRect area = rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
     const int width = area.width() / columns;
     const int height = area.height() / rowsOfSheets;
-    const bool large = monthsShown_ == 1;
-    const int titleHeight = large ? 40 : 20;
-    const int weekdayHeight = large ? 24 : 16;
+    const int titleHeight = Large() ? 40 : 20;
+    const int weekdayHeight = Large() ? 24 : 16;
     QList<Sheet> sheets;
     for (int i = 0; i < months.size(); ++i) {
         Sheet sheet;
@@ -99,7 +128,7 @@ QList<CalendarView::Sheet> CalendarView::Layout() const {
         sheet.weekdays = QRect(sheet.title.bottomLeft() + QPoint(0, 1),
                                QSize(sheet.frame.width(), weekdayHeight));
         sheet.grid = QRect(sheet.weekdays.bottomLeft() + QPoint(0, 1), sheet.frame.bottomRight());
-        sheet.rows = large ? RowsOf(sheet.first) : kWeekRows;
+        sheet.rows = Large() ? RowsOf(sheet.first) : kWeekRows;
         sheets.append(sheet);
     }
     return sheets;
@@ -128,7 +157,7 @@ QDate CalendarView::DateAt(const QPoint& point) const {
 
 QRect CalendarView::DayRect(const QDate& date) const {
     for (const Sheet& sheet : Layout()) {
-        if (sheet.first.year() != date.year() || sheet.first.month() != date.month())
+        if (sheet.first != FirstOfMonth(date))
             continue;
         for (int week = 0; week < sheet.rows; ++week)
             for (int weekday = 0; weekday < kWeekdays; ++weekday)
@@ -146,10 +175,9 @@ void CalendarView::paintEvent(QPaintEvent*) {
 }
 
 void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet) const {
-    const bool large = monthsShown_ == 1;
     QFont titleFont = font();
     titleFont.setBold(true);
-    titleFont.setPointSizeF(font().pointSizeF() * (large ? 1.6 : 1.0));
+    titleFont.setPointSizeF(font().pointSizeF() * (Large() ? 1.6 : 1.0));
     painter.setFont(titleFont);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(sheet.title, Qt::AlignCenter,
@@ -157,7 +185,7 @@ void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet) const {
                          QString::number(sheet.first.year()));
 
     QFont weekdayFont = font();
-    weekdayFont.setPointSizeF(font().pointSizeF() * (large ? 1.0 : 0.8));
+    weekdayFont.setPointSizeF(font().pointSizeF() * (Large() ? 1.0 : 0.8));
     painter.setFont(weekdayFont);
     painter.fillRect(sheet.weekdays, palette().alternateBase());
     for (int weekday = 0; weekday < kWeekdays; ++weekday) {
@@ -165,7 +193,7 @@ void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet) const {
         column.setTop(sheet.weekdays.top());
         column.setBottom(sheet.weekdays.bottom());
         const QString name = WeekdayNames().at(weekday);
-        painter.drawText(column, Qt::AlignCenter, large ? name : name.left(2));
+        painter.drawText(column, Qt::AlignCenter, Large() ? name : name.left(2));
     }
 
     for (int week = 0; week < sheet.rows; ++week) {
@@ -173,46 +201,56 @@ void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet) const {
             const QRect cell = CellRect(sheet, weekday, week);
             const QDate date = DayOfCell(sheet.first, weekday, week);
             if (date.isValid())
-                PaintDay(painter, cell, date, large);
-            if (large) {
+                PaintDay(painter, cell, date);
+            if (Large()) {
                 painter.setPen(palette().color(QPalette::Mid));
+                painter.setBrush(Qt::NoBrush);
                 painter.drawRect(cell);
             }
         }
     }
 }
 
-void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& date,
-                            bool large) const {
-    const DayLook look = lookOf_ ? lookOf_(date) : DayLook();
-    QColor ink = palette().color(QPalette::Text);
-    if (look.markColor) {
-        const QColor fill = ToQColor(*look.markColor);
+// A day cell, from the back to the front: its mark (a fill with a darker edge, so that even a
+// white mark shows), today's colour, the selection (a frame in the highlight colour between
+// two lines of ink that stands out on the fill, visible on every colour), then the day number,
+// the notes and planner dots and, on the one-month sheet, the captions and hover note.
+void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& date) const {
+    // A month of neither year in memory shows its days dimmed and without what the stores know.
+    const bool inMemory = dates_.HolderFor(date) != nullptr;
+    const DayLook look = lookOf_ && inMemory ? lookOf_(date) : DayLook();
+    QColor fill = palette().color(QPalette::Base);
+    if (look.markColor || look.todayColor) {
+        fill = ToQColor(look.markColor ? *look.markColor : *look.todayColor);
         painter.fillRect(cell, fill);
-        ink = TextOn(fill);
+        painter.setPen(QPen(fill.darker(150), 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(cell.adjusted(0, 0, -1, -1));
     }
-    if (date == state_.services.clock.today()) {
-        painter.setPen(QPen(QColor(200, 0, 0), 2));
-        painter.drawRect(cell.adjusted(1, 1, -1, -1));
+    const QColor ink = inMemory ? InkOn(fill) : palette().color(QPalette::Disabled, QPalette::Text);
+    if (look.markColor && look.todayColor) {
+        painter.setPen(QPen(ToQColor(*look.todayColor), 3));
+        painter.drawRect(cell.adjusted(2, 2, -2, -2));
     }
-    // The selection sits inside today's red frame, so a selected today shows both.
-    if (date == state_.dates.SelectedDate) {
-        const int inset = large ? 4 : 3;
+    if (date == dates_.SelectedDate) {
+        painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.drawRect(cell.adjusted(inset, inset, -inset, -inset));
+        painter.drawRect(cell.adjusted(1, 1, -1, -1));
+        painter.setPen(QPen(ink, 1));
+        painter.drawRect(cell.adjusted(2, 2, -3, -3));
     }
 
     QFont dayFont = font();
-    dayFont.setPointSizeF(font().pointSizeF() * (large ? 1.2 : 0.85));
-    dayFont.setBold(large);
+    dayFont.setPointSizeF(font().pointSizeF() * (Large() ? 1.2 : 0.85));
+    dayFont.setBold(Large() || date == clock_.today());
     painter.setFont(dayFont);
     painter.setPen(ink);
-    const QRect inner = cell.adjusted(4, 2, -4, -2);
-    painter.drawText(inner, large ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignCenter,
+    const QRect inner = cell.adjusted(5, 3, -5, -3);
+    painter.drawText(inner, Large() ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignCenter,
                      QString::number(date.day()));
     if (look.hasNotes || look.hasPlanner) {
-        const int size = large ? 8 : 4;
-        QRect dot(cell.right() - size - 2, cell.top() + 3, size, size);
+        const int size = Large() ? 8 : 4;
+        QRect dot(cell.right() - size - 4, cell.top() + 5, size, size);
         if (look.hasNotes) {
             painter.fillRect(dot, QColor(0, 128, 0));
             dot.translate(-size - 2, 0);
@@ -220,29 +258,32 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
         if (look.hasPlanner)
             painter.fillRect(dot, QColor(0, 0, 192));
     }
-    if (!large)
-        return;
+    if (Large())
+        PaintCaptions(painter, inner, inner.top() + QFontMetrics(dayFont).height() + 2, look);
+}
+
+void CalendarView::PaintCaptions(QPainter& painter, const QRect& inner, int top,
+                                 const DayLook& look) const {
     QFont small = font();
     small.setPointSizeF(font().pointSizeF() * 0.85);
     painter.setFont(small);
     const QFontMetrics metrics(small);
-    int y = inner.top() + QFontMetrics(dayFont).height() + 2;
     QStringList lines = look.captions;
     if (!look.hoverText.isEmpty())
         lines.append(look.hoverText);
     for (const QString& line : lines) {
-        if (y + metrics.height() > inner.bottom())
+        if (top + metrics.height() > inner.bottom())
             break;
-        painter.drawText(QRect(inner.left(), y, inner.width(), metrics.height()),
+        painter.drawText(QRect(inner.left(), top, inner.width(), metrics.height()),
                          Qt::AlignLeft | Qt::AlignVCenter,
                          metrics.elidedText(line, Qt::ElideRight, inner.width()));
-        y += metrics.height();
+        top += metrics.height();
     }
 }
 
 void CalendarView::Select(const QDate& date) {
     if (date.isValid())
-        state_.SelectDate(date);
+        dates_.SelectDate(date);
 }
 
 void CalendarView::mousePressEvent(QMouseEvent* event) {
@@ -266,7 +307,7 @@ void CalendarView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void CalendarView::keyPressEvent(QKeyEvent* event) {
-    const QDate selected = state_.dates.SelectedDate;
+    const QDate selected = dates_.SelectedDate;
     switch (event->key()) {
         case Qt::Key_Left:
             return Select(selected.addDays(-1));
@@ -281,7 +322,7 @@ void CalendarView::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_PageDown:
             return Select(selected.addMonths(1));
         case Qt::Key_Home:
-            return Select(state_.services.clock.today());
+            return Select(clock_.today());
         case Qt::Key_Return:
         case Qt::Key_Enter:
             emit dateActivated(selected);
@@ -303,7 +344,7 @@ bool CalendarView::event(QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const QDate date = DateAt(help->pos());
     QStringList lines;
-    if (date.isValid() && lookOf_) {
+    if (date.isValid() && lookOf_ && dates_.HolderFor(date)) {
         const DayLook look = lookOf_(date);
         lines = look.captions;
         if (!look.hoverText.isEmpty())

@@ -3,26 +3,33 @@
 #include <QDate>
 #include <QList>
 #include <QWidget>
+#include <functional>
 
+#include "calendar/CalendarDisplay.h"
 #include "calendar/DayLook.h"
 
-class ProgramState;
+class Clock;
+class DateModel;
 
 // The calendar sheets of the main window: one month (a large grid with weekday names), six
-// months from the selected month, or the twelve months of the year on show. Days are laid out
-// from the date holders; each day shows what the decorators say about it. A click selects the
-// date, the arrow keys and Page Up/Down move the selection, Enter or a double click opens the
-// day, a right click offers the date options.
+// months, or the twelve months of the year on show. Days are laid out from the date holders;
+// each day shows what the decorators say about it. A click selects the date, the arrow keys
+// and Page Up/Down move the selection, Enter or a double click opens the day, a right click
+// offers the date options.
+//
+// A click never moves the sheets: the six-month view scrolls only when the keyboard moves the
+// selection past the months shown, or when asked to (the month selectors, the advance arrow).
 class CalendarView : public QWidget {
     Q_OBJECT
 public:
     // lookOf tells how a day is shown; it is asked at every paint.
-    CalendarView(ProgramState& state, std::function<DayLook(const QDate&)> lookOf,
+    CalendarView(DateModel& dates, const Clock& clock, std::function<DayLook(const QDate&)> lookOf,
                  QWidget* parent = nullptr);
 
-    // 1, 6 or 12 months.
-    void SetMonthsShown(int months);
-    int MonthsShown() const { return monthsShown_; }
+    void SetViewKind(ViewKind kind);
+    ViewKind Kind() const { return kind_; }
+    // Makes the month of date the first sheet of the six-month view.
+    void ScrollTo(const QDate& date);
 
     // The first day of each month on show, in order.
     QList<QDate> MonthsOnShow() const;
@@ -57,13 +64,20 @@ private:
     QList<Sheet> Layout() const;
     QRect CellRect(const Sheet& sheet, int weekday, int week) const;
     void PaintSheet(QPainter& painter, const Sheet& sheet) const;
-    void PaintDay(QPainter& painter, const QRect& cell, const QDate& date, bool large) const;
-    // The date of cell (weekday, week) of the month beginning first, from the date holders.
+    void PaintDay(QPainter& painter, const QRect& cell, const QDate& date) const;
+    void PaintCaptions(QPainter& painter, const QRect& inner, int top, const DayLook& look) const;
+    // The date of cell (weekday, week) of the month beginning first.
     QDate DayOfCell(const QDate& first, int weekday, int week) const;
     int RowsOf(const QDate& first) const;
     void Select(const QDate& date);
+    // Keeps the selected date on one of the six sheets, scrolling as little as needed.
+    void FollowSelection(const QDate& date);
+    bool Large() const { return kind_ == ViewKind::OneMonth; }
 
-    ProgramState& state_;
+    DateModel& dates_;
+    const Clock& clock_;
     std::function<DayLook(const QDate&)> lookOf_;
-    int monthsShown_ = 12;
+    ViewKind kind_ = ViewKind::OneYear;
+    // The month of the first sheet of the six-month view.
+    QDate firstShown_;
 };

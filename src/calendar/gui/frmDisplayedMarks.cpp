@@ -9,23 +9,22 @@
 
 #include "calendar/MarkerColors.h"
 #include "calendar/gui/MarkerSwatch.h"
-#include "shell/Services.h"
-#include "shell/gui/Controls.h"
 
 frmDisplayedMarks::frmDisplayedMarks(MarkerColors& colors, Services& services,
                                      std::function<void()> changed, QWidget* parent)
-    : QWidget(parent), colors_(colors), services_(services), changed_(std::move(changed)) {
-    setWindowTitle(QStringLiteral("Select Markers to Display and Hide"));
-    auto* layout = new QVBoxLayout(this);
+    : ChildWindow(services, QStringLiteral("frmDisplayedMarks"),
+                  QStringLiteral("Select Markers to Display and Hide"), parent),
+      colors_(colors),
+      changed_(std::move(changed)) {
+    auto* layout = new QVBoxLayout(Body());
     layout->addWidget(new QLabel(
         QStringLiteral("Check the marks to show on the calendar; uncheck those to hide.")));
     auto* grid = new QGridLayout;
-    for (int i = 0; i < MarkerColors::kCount; ++i) {
-        auto* box = new QCheckBox;
-        box->setObjectName(ArrayName(QStringLiteral("chkMarker"), i));
-        connect(box, &QCheckBox::clicked, this, [this, i] { chkMarker_Click(i); });
-        boxes_.append(box);
-        grid->addWidget(box, i % 7, i / 7);
+    boxes_ = MakeControlArray<QCheckBox>(QStringLiteral("chkMarker"), MarkerColors::kCount,
+                                         [](int) { return new QCheckBox; });
+    for (int i = 0; i < boxes_.size(); ++i) {
+        On(boxes_[i], &QCheckBox::clicked, "chkMarker_Click", [this, i] { chkMarker_Click(i); });
+        grid->addWidget(boxes_[i], i % 7, i / 7);
     }
     layout->addLayout(grid);
 
@@ -36,15 +35,15 @@ frmDisplayedMarks::frmDisplayedMarks(MarkerColors& colors, Services& services,
         buttons->addWidget(created);
         return created;
     };
-    connect(button(QStringLiteral("cmdShowAll"), QStringLiteral("&Show All")),
-            &QPushButton::clicked, this, [this] { SetAll(true); });
-    connect(button(QStringLiteral("cmdHideAll"), QStringLiteral("&Hide All")),
-            &QPushButton::clicked, this, [this] { SetAll(false); });
+    On(button(QStringLiteral("cmdShowAll"), QStringLiteral("&Show All")), &QPushButton::clicked,
+       "cmdShowAll_Click", [this] { SetAll(true); });
+    On(button(QStringLiteral("cmdHideAll"), QStringLiteral("&Hide All")), &QPushButton::clicked,
+       "cmdHideAll_Click", [this] { SetAll(false); });
     buttons->addStretch(1);
-    connect(button(QStringLiteral("cmdSave"), QStringLiteral("Save &Settings")),
-            &QPushButton::clicked, this, [this] { colors_.SaveMarkerColors(services_); });
-    connect(button(QStringLiteral("cmdClose"), QStringLiteral("&Close")), &QPushButton::clicked,
-            this, [this] { parentWidget() ? parentWidget()->close() : close(); });
+    On(button(QStringLiteral("cmdSave"), QStringLiteral("Save &Settings")), &QPushButton::clicked,
+       "cmdSave_Click", [this] { colors_.SaveMarkerColors(services_); });
+    On(button(QStringLiteral("cmdClose"), QStringLiteral("&Close")), &QPushButton::clicked,
+       "cmdClose_Click", [this] { CloseWindow(); });
     layout->addLayout(buttons);
     Refresh();
 }

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QWidget>
 #include <functional>
+
+#include "shell/gui/ChildWindow.h"
 
 class MarkerColors;
 class QCheckBox;
-class Services;
 
 // "Select Markers to Display and Hide": one check box per mark category. A change shows or
 // hides that category's marks at once; Save Settings keeps the choice for the next start.
-class frmDisplayedMarks : public QWidget {
+class frmDisplayedMarks : public ChildWindow {
     Q_OBJECT
 public:
     // changed runs after every change of what is shown.
@@ -24,7 +24,6 @@ private:
     void SetAll(bool shown);
 
     MarkerColors& colors_;
-    Services& services_;
     std::function<void()> changed_;
     QList<QCheckBox*> boxes_;
 };

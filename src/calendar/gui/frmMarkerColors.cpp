@@ -7,59 +7,63 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "calendar/CalendarMessages.h"
 #include "calendar/gui/MarkerSwatch.h"
-#include "shell/Services.h"
-#include "shell/gui/Controls.h"
 
 namespace {
 
 constexpr int kCaptionLength = 40;
 
+QPushButton* Button(const QString& name, const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(name);
+    return button;
+}
+
 }  // namespace
 
 frmMarkerColors::frmMarkerColors(MarkerColors& colors, Services& services,
                                  std::function<void()> saved, QWidget* parent)
-    : QWidget(parent),
+    : ChildWindow(services, QStringLiteral("frmMarkerColors"),
+                  QStringLiteral("Select Colors and Captions for Markers"), parent),
       colors_(colors),
-      services_(services),
       saved_(std::move(saved)),
       pending_(colors.entries()) {
-    setWindowTitle(QStringLiteral("Select Colors and Captions for Markers"));
-    auto* layout = new QVBoxLayout(this);
+    auto* layout = new QVBoxLayout(Body());
     auto* grid = new QGridLayout;
     grid->addWidget(new QLabel(QStringLiteral("Caption")), 0, 1);
     grid->addWidget(new QLabel(QStringLiteral("Colour")), 0, 2);
+    captions_ = MakeControlArray<QLineEdit>(QStringLiteral("txtCaption"), MarkerColors::kCount,
+                                            [](int) { return new QLineEdit; });
+    colorButtons_ = MakeControlArray<QPushButton>(
+        QStringLiteral("cmdColor"), MarkerColors::kCount,
+        [](int) { return new QPushButton(QStringLiteral("Change...")); });
     for (int i = 0; i < MarkerColors::kCount; ++i) {
-        grid->addWidget(new QLabel(QString::number(i + 1) + QLatin1Char('.')), i + 1, 0);
-        auto* caption = new QLineEdit;
-        caption->setObjectName(ArrayName(QStringLiteral("txtCaption"), i));
-        caption->setMaxLength(kCaptionLength);
-        connect(caption, &QLineEdit::textEdited, this,
+        auto* number = new QLabel(QString::number(i + 1) + QLatin1Char('.'));
+        number->setBuddy(captions_[i]);
+        captions_[i]->setMaxLength(kCaptionLength);
+        connect(captions_[i], &QLineEdit::textEdited, this,
                 [this, i](const QString& text) { pending_[i].caption = text; });
-        auto* color = new QPushButton(QStringLiteral("Change..."));
-        color->setObjectName(ArrayName(QStringLiteral("cmdColor"), i));
-        connect(color, &QPushButton::clicked, this, [this, i] { cmdColor_Click(i); });
-        captions_.append(caption);
-        colorButtons_.append(color);
-        grid->addWidget(caption, i + 1, 1);
-        grid->addWidget(color, i + 1, 2);
+        On(colorButtons_[i], &QPushButton::clicked, "cmdColor_Click",
+           [this, i] { cmdColor_Click(i); });
+        grid->addWidget(number, i + 1, 0);
+        grid->addWidget(captions_[i], i + 1, 1);
+        grid->addWidget(colorButtons_[i], i + 1, 2);
     }
     layout->addLayout(grid);
     layout->addWidget(new QLabel(kMarkedDaysKeepColourNote));
 
     auto* buttons = new QHBoxLayout;
-    auto* defaults = new QPushButton(QStringLiteral("Restore &Defaults"));
-    defaults->setObjectName(QStringLiteral("cmdDefaults"));
-    connect(defaults, &QPushButton::clicked, this, &frmMarkerColors::cmdDefaults_Click);
+    QPushButton* defaults =
+        Button(QStringLiteral("cmdDefaults"), QStringLiteral("Restore &Defaults"));
+    On(defaults, &QPushButton::clicked, "cmdDefaults_Click", [this] { cmdDefaults_Click(); });
     buttons->addWidget(defaults);
     buttons->addStretch(1);
-    auto* save = new QPushButton(QStringLiteral("&Save"));
-    save->setObjectName(QStringLiteral("cmdSave"));
+    QPushButton* save = Button(QStringLiteral("cmdSave"), QStringLiteral("&Save"));
     save->setDefault(true);
-    connect(save, &QPushButton::clicked, this, &frmMarkerColors::cmdSave_Click);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"));
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    connect(cancel, &QPushButton::clicked, this, &frmMarkerColors::CloseWindow);
+    On(save, &QPushButton::clicked, "cmdSave_Click", [this] { cmdSave_Click(); });
+    QPushButton* cancel = Button(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
+    On(cancel, &QPushButton::clicked, "cmdCancel_Click", [this] { CloseWindow(); });
     buttons->addWidget(save);
     buttons->addWidget(cancel);
     layout->addLayout(buttons);
@@ -80,8 +84,7 @@ void frmMarkerColors::cmdColor_Click(int index) {
         return;
     for (int other = 0; other < MarkerColors::kCount; ++other) {
         if (other != index && pending_[other].color == *chosen) {
-            services_.dialogs.MsgBox(DuplicateColorMessage(pending_[other].caption),
-                                     vb::OKOnly | vb::Exclamation);
+            services_.dialogs.MsgBox(DuplicateColorMessage(pending_[other].caption), kWarningStyle);
             return;
         }
     }
@@ -105,17 +108,10 @@ void frmMarkerColors::cmdSave_Click() {
         edited[i].hidden = colors_.Hidden(i);
     }
     if (const auto refusal = colors_.SetCategories(edited)) {
-        services_.dialogs.MsgBox(*refusal, vb::OKOnly | vb::Exclamation);
+        services_.dialogs.MsgBox(*refusal, kWarningStyle);
         return;
     }
     colors_.SaveMarkerColors(services_);
     saved_();
     CloseWindow();
-}
-
-void frmMarkerColors::CloseWindow() {
-    if (parentWidget())
-        parentWidget()->close();
-    else
-        close();
 }

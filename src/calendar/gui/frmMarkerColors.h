@@ -1,18 +1,17 @@
 #pragma once
 
-#include <QWidget>
 #include <functional>
 
 #include "calendar/MarkerColors.h"
+#include "shell/gui/ChildWindow.h"
 
 class QLineEdit;
 class QPushButton;
-class Services;
 
 // "Select Colors and Captions for Markers": the caption and colour of every mark category,
 // edited together and kept with Save. Two categories never share a colour, since a day's mark
 // is known by its colour alone.
-class frmMarkerColors : public QWidget {
+class frmMarkerColors : public ChildWindow {
     Q_OBJECT
 public:
     // saved runs after the categories were changed and written.
@@ -25,16 +24,11 @@ public:
 
 private:
     void ShowEntries();
-    void CloseWindow();
 
     MarkerColors& colors_;
-    Services& services_;
     std::function<void()> saved_;
     // The categories as edited, written back on Save.
     MarkerColors::Entries pending_;
     QList<QLineEdit*> captions_;
     QList<QPushButton*> colorButtons_;
 };
-
-inline const QString kMarkedDaysKeepColourNote =
-    QStringLiteral("Days already marked keep the colour they were marked with.");

@@ -10,41 +10,26 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "help/HelpMessages.h"
 #include "help/modHelp.h"
-#include "shell/Services.h"
-#include "shell/gui/Controls.h"
 
 namespace {
 
-const QString kNothingToSearch = QStringLiteral("Nothing to search for.");
-const QString kNotFound = QStringLiteral("Search Phrase not Found");
-const QString kEndOfSearch = QStringLiteral("End of Search");
-QString SearchHelpText() {
-    return QStringLiteral(
-               "The search looks for your entry as one single phrase throughout each "
-               "help topic.") +
-           kCrLf + kCrLf +
-           QStringLiteral(
-               "Two or more words are found only where they stand together, in the "
-               "order typed, so a search for two words that appear apart in a topic "
-               "finds nothing.") +
-           kCrLf + kCrLf +
-           QStringLiteral(
-               "For the best results, search for one word at a time. Find Now starts "
-               "at the first topic; Find Again goes on from the topic after the last "
-               "one found.");
-}
+// The topic list is as wide as its longest name allows, within these bounds; longer names wrap
+// rather than hide behind a scroll bar.
+constexpr int kListMinWidth = 160;
+constexpr int kListMaxWidth = 320;
 
 }  // namespace
 
 frmHelp::frmHelp(const HelpTopics& topics, Services& services, QWidget* parent)
-    : QWidget(parent), topics_(topics), services_(services) {
-    setWindowTitle(QStringLiteral("Orvanta Help"));
-    auto* layout = new QVBoxLayout(this);
-    auto* bar = new QMenuBar(this);
+    : ChildWindow(services, QStringLiteral("frmHelp"), QStringLiteral("Orvanta Help"), parent),
+      topics_(topics) {
+    auto* layout = new QVBoxLayout(Body());
+    auto* bar = new QMenuBar(Body());
     QAction* help = bar->addAction(QStringLiteral("&Help on Search"));
     help->setObjectName(QStringLiteral("mnuHelp"));
-    connect(help, &QAction::triggered, this, &frmHelp::mnuHelp_Click);
+    On(help, &QAction::triggered, "mnuHelp_Click", [this] { mnuHelp_Click(); });
     layout->setMenuBar(bar);
 
     auto* panes = new QHBoxLayout;
@@ -52,6 +37,11 @@ frmHelp::frmHelp(const HelpTopics& topics, Services& services, QWidget* parent)
     framTopics->setObjectName(QStringLiteral("framTopics"));
     lstHelp_ = new QListWidget;
     lstHelp_->setObjectName(QStringLiteral("lstHelp"));
+    lstHelp_->setWordWrap(true);
+    lstHelp_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    lstHelp_->addItems(topics_.Names());
+    lstHelp_->setMinimumWidth(
+        std::clamp(lstHelp_->sizeHintForColumn(0) + 30, kListMinWidth, kListMaxWidth));
     (new QVBoxLayout(framTopics))->addWidget(lstHelp_);
     auto* framDesc = new QGroupBox(QStringLiteral("Topic Description"));
     framDesc->setObjectName(QStringLiteral("framDesc"));
@@ -74,22 +64,20 @@ frmHelp::frmHelp(const HelpTopics& topics, Services& services, QWidget* parent)
     searchRow->addWidget(lblSearch);
     searchRow->addWidget(txtSearch_, 1);
     const QStringList captions = {QStringLiteral("Find Now"), QStringLiteral("Find Again")};
+    const QList<QPushButton*> buttons = MakeControlArray<QPushButton>(
+        QStringLiteral("cmdSearch"), 2, [&](int i) { return new QPushButton(captions[i]); });
     for (int i = 0; i < 2; ++i) {
-        auto* button = new QPushButton(captions[i]);
-        button->setObjectName(ArrayName(QStringLiteral("cmdSearch"), i));
-        connect(button, &QPushButton::clicked, this, [this, i] { cmdSearch_Click(i); });
-        searchRow->addWidget(button);
+        On(buttons[i], &QPushButton::clicked, "cmdSearch_Click", [this, i] { cmdSearch_Click(i); });
+        searchRow->addWidget(buttons[i]);
     }
     layout->addWidget(framSearch);
     // Enter in the search box finds the next hit.
-    connect(txtSearch_, &QLineEdit::returnPressed, this,
-            [this] { cmdSearch_Click(lastHit_ < 0 ? 0 : 1); });
+    On(txtSearch_, &QLineEdit::returnPressed, "txtSearch_KeyPress",
+       [this] { cmdSearch_Click(lastHit_ < 0 ? 0 : 1); });
     connect(txtSearch_, &QLineEdit::textEdited, this, [this] { lastHit_ = -1; });
 
-    lstHelp_->addItems(topics_.Names());
     connect(lstHelp_, &QListWidget::currentRowChanged, this, &frmHelp::lstHelp_Click);
     SelectTopic(0);
-    resize(720, 480);
 }
 
 void frmHelp::SelectTopic(int topic) {
@@ -118,11 +106,10 @@ void frmHelp::cmdSearch_Click(int index) {
         SelectTopic(hit);
         return;
     }
-    services_.dialogs.MsgBox(again ? kEndOfSearch : kNotFound);
+    services_.dialogs.MsgBox(again ? kEndOfSearch : kPhraseNotFound);
     lastHit_ = -1;
 }
 
 void frmHelp::mnuHelp_Click() {
-    services_.dialogs.MsgBox(SearchHelpText(), vb::OKOnly | vb::Information,
-                             QStringLiteral("Help on Search"));
+    services_.dialogs.MsgBox(kHelpOnSearchText, kInformationStyle, kHelpOnSearchTitle);
 }

@@ -1,16 +1,15 @@
 #pragma once
 
-#include <QWidget>
+#include "shell/gui/ChildWindow.h"
 
 class HelpTopics;
 class QListWidget;
 class QLineEdit;
 class QPlainTextEdit;
-class Services;
 
 // "Orvanta Help": the help topics in a list, the chosen topic's description beside it, and a
 // search for a phrase through the topics.
-class frmHelp : public QWidget {
+class frmHelp : public ChildWindow {
     Q_OBJECT
 public:
     frmHelp(const HelpTopics& topics, Services& services, QWidget* parent = nullptr);
@@ -24,7 +23,6 @@ public:
 
 private:
     const HelpTopics& topics_;
-    Services& services_;
     QListWidget* lstHelp_;
     QPlainTextEdit* txtHelp_;
     QLineEdit* txtSearch_;

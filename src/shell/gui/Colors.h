@@ -11,3 +11,10 @@ inline quint32 FromQColor(const QColor& color) {
     return static_cast<quint32>(color.red()) | (static_cast<quint32>(color.green()) << 8) |
            (static_cast<quint32>(color.blue()) << 16);
 }
+
+// Black or white, whichever stands out on fill (judged by its brightness to the eye, so that
+// yellow takes black and blue takes white).
+inline QColor InkOn(const QColor& fill) {
+    const double luma = 0.299 * fill.red() + 0.587 * fill.green() + 0.114 * fill.blue();
+    return luma < 150 ? Qt::white : Qt::black;
+}

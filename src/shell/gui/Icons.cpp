@@ -24,7 +24,41 @@ void Page(QPainter& p, const QColor& header) {
     p.drawRoundedRect(QRectF(3, 4, 26, 8), 3, 3);
 }
 
+// The program's icon at size x size pixels: a sheet with a blue header, binder rings, a grid
+// of days and one day marked in orange.
+QPixmap OrvantaSheet(int size) {
+    QPixmap pixmap = Blank(size);
+    QPainter p(&pixmap);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.scale(size / 64.0, size / 64.0);
+    p.setPen(QPen(QColor(30, 50, 90), 2.5));
+    p.setBrush(Qt::white);
+    p.drawRoundedRect(QRectF(6, 9, 52, 49), 7, 7);
+    p.setBrush(QColor(40, 90, 180));
+    p.drawRoundedRect(QRectF(6, 9, 52, 15), 7, 7);
+    p.fillRect(QRectF(7.3, 18, 49.4, 6), QColor(40, 90, 180));
+    p.setPen(QPen(QColor(30, 50, 90), 3, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(QPointF(20, 4), QPointF(20, 14));
+    p.drawLine(QPointF(44, 4), QPointF(44, 14));
+    p.setPen(Qt::NoPen);
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 4; ++column) {
+            const QRectF day(12 + column * 11, 29 + row * 9, 8, 6);
+            p.setBrush(row == 1 && column == 2 ? QColor(240, 130, 30) : QColor(170, 185, 210));
+            p.drawRoundedRect(day, 1.5, 1.5);
+        }
+    }
+    return pixmap;
+}
+
 }  // namespace
+
+QIcon Orvanta() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addPixmap(OrvantaSheet(size));
+    return icon;
+}
 
 QIcon CalendarPage(const QString& label) {
     QPixmap pixmap = Blank();

@@ -6,6 +6,8 @@
 // The pictures of the main window, drawn in code so that they scale and need no files.
 namespace icons {
 
+// The program's own icon: a calendar sheet with one marked day.
+QIcon Orvanta();
 // A calendar page with a number (months shown) on it.
 QIcon CalendarPage(const QString& label);
 // A page with lines (notes), a page with a clock face (planner), an arrow onto a page (advance).

@@ -7,93 +7,99 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
-#include <QPlainTextEdit>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QTimer>
 
-#include "Version.h"
-#include "calendar/DateActions.h"
-#include "calendar/gui/CalendarView.h"
-#include "help/gui/frmHelp.h"
 #include "shell/DateFormats.h"
 #include "shell/DateInput.h"
-#include "shell/ProgramState.h"
+#include "shell/Services.h"
+#include "shell/ShellMessages.h"
+#include "shell/UserPreferences.h"
+#include "shell/gui/Icons.h"
 
 namespace {
-
-const QString kCalendarWindow = QStringLiteral("frmCalendar");
 
 constexpr int kMinuteMs = 60 * 1000;
 
 }  // namespace
 
-frmMain::frmMain(ProgramState& state, QWidget* parent)
-    : QMainWindow(parent), state_(state), actions_(std::make_unique<DateActions>(state, *this)) {
+frmMain::frmMain(Services& services, ChangeFlags& changes, UserPreferences& prefs, QWidget* parent)
+    : QMainWindow(parent), services_(services), changes_(changes), prefs_(prefs) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Orvanta - Planner and Date Management"));
+    setWindowIcon(icons::Orvanta());
     BuildPanels();
     BuildMenus();
-    ConnectHandlers();
-    ConnectMarkHandlers();
+    ConnectSelectors();
     timer1_ = new QTimer(this);
     timer1_->setObjectName(QStringLiteral("Timer1"));
     timer1_->setInterval(kMinuteMs);
     connect(timer1_, &QTimer::timeout, this, &frmMain::Timer1_Timer);
-    connect(&state_, &ProgramState::selectedDateChanged, this, &frmMain::ShowSelectedDate);
-    resize(1180, 800);
+    RestorePosition();
 }
 
 frmMain::~frmMain() = default;
 
 void frmMain::Form_Load() {
-    Services& services = state_.services;
-    state_.help.LoadHelpTopics(services);
-    FillHelpBox();
-    state_.prefs.GetUserPreferences(services);
-    state_.dates.SelectedDate = services.clock.today();
-    state_.dates.SetYearBounds();
-    state_.markerColors.ReadMarkerColors(services);
-    ShowMarkerSettings();
-    state_.dates.AssignThisYearsDateHolders();
-    state_.dates.AssignNextYearsDateholders();
-    state_.marks.ReadAndDisplayThisYearsMarks();
-    state_.marks.ReadAndDisplayNextYearsMarks();
-    ReadAlerts();
-    ReadBirthdays();
-    Show1YearCalendar();
-    FillTaskList();
+    if (loadSteps_)
+        loadSteps_();
+    RestorePosition();
     ShowToday();
-    ShowSelectedDate();
     timer1_->start();
 }
 
-void frmMain::ReadAlerts() {
-    // The alerts store reads "Alerts.dat" here and sets the pending-alert indicator.
-}
-
-void frmMain::ReadBirthdays() {
-    // The birthdays store reads "Birthdays.dat" here and sets the pending-birthday indicator.
-}
-
-void frmMain::FillTaskList() {
-    // The month's notes and planners are listed in lstTasks here.
-}
-
 void frmMain::ShowToday() {
-    todayShown_ = state_.services.clock.today();
+    todayShown_ = services_.clock.today();
     lblToday_->setText(QStringLiteral("Today is ") + datefmt::LongDate(todayShown_));
 }
 
 void frmMain::Timer1_Timer() {
-    if (state_.services.clock.today() == todayShown_)
+    if (services_.clock.today() == todayShown_)
         return;
     ShowToday();
-    RedrawCalendar();
     emit todayChanged(todayShown_);
 }
 
-// ---- selected date ---------------------------------------------------------------------
+// ---- place and size ----------------------------------------------------------------------
+
+void frmMain::RestorePosition() {
+    const QRect free = screen()->availableGeometry();
+    const QStringList fields = prefs_.Value(prefkey::MainWindowPosition).split(QLatin1Char(','));
+    QList<int> saved;
+    for (const QString& field : fields)
+        saved.append(field.trimmed().toInt());
+    const QRect place = saved.size() == 5 ? QRect(saved[0], saved[1], saved[2], saved[3]) : QRect();
+    // A first start, or a place on a screen that is no longer there, fills the screen's free
+    // area; a place partly off the screen is pulled back onto it.
+    if (place.isValid() && free.intersects(place)) {
+        setGeometry(place.intersected(free));
+        setWindowState(saved[4] != 0 ? Qt::WindowMaximized : Qt::WindowNoState);
+    } else {
+        setGeometry(free);
+        setWindowState(Qt::WindowMaximized);
+    }
+}
+
+void frmMain::SavePosition() {
+    const QRect place = normalGeometry().isValid() ? normalGeometry() : geometry();
+    prefs_.SetValue(prefkey::MainWindowPosition, QStringLiteral("%1,%2,%3,%4,%5")
+                                                     .arg(place.x())
+                                                     .arg(place.y())
+                                                     .arg(place.width())
+                                                     .arg(place.height())
+                                                     .arg(isMaximized() ? -1 : 0));
+    prefs_.SaveUserPreferences(services_);
+}
+
+// ---- selected date -----------------------------------------------------------------------
+
+void frmMain::ConnectSelectors() {
+    connect(cmbDay_, &QComboBox::currentIndexChanged, this, &frmMain::cmbDay_Click);
+    connect(cmbMonth_, &QComboBox::currentIndexChanged, this, &frmMain::cmbMonth_Click);
+    connect(cmbYear_, &QComboBox::currentIndexChanged, this, &frmMain::cmbYear_Click);
+    connect(txtDate_, &QLineEdit::returnPressed, this, &frmMain::txtDate_Enter);
+}
 
 void frmMain::FillDayCombo(int year, int month) {
     const int days = QDate(year, month, 1).daysInMonth();
@@ -105,10 +111,10 @@ void frmMain::FillDayCombo(int year, int month) {
         cmbDay_->addItem(QString::number(day));
 }
 
-void frmMain::ShowSelectedDate() {
-    const QDate date = state_.dates.SelectedDate;
+void frmMain::ShowSelectedDate(const QDate& date) {
     if (!date.isValid())
         return;
+    dateShown_ = date;
     FillDayCombo(date.year(), date.month());
     {
         const QSignalBlocker blockDay(cmbDay_), blockMonth(cmbMonth_), blockYear(cmbYear_);
@@ -123,92 +129,30 @@ void frmMain::ShowSelectedDate() {
 }
 
 void frmMain::cmbDay_Click() {
-    const QDate selected = state_.dates.SelectedDate;
-    state_.SelectDate(QDate(selected.year(), selected.month(), cmbDay_->currentIndex() + 1));
+    emit dateChosen(QDate(dateShown_.year(), dateShown_.month(), cmbDay_->currentIndex() + 1));
 }
 
 void frmMain::cmbMonth_Click() {
-    const QDate selected = state_.dates.SelectedDate;
-    const QDate first(selected.year(), cmbMonth_->currentIndex() + 1, 1);
-    state_.SelectDate(first.addDays(std::min(selected.day(), first.daysInMonth()) - 1));
+    const QDate first(dateShown_.year(), cmbMonth_->currentIndex() + 1, 1);
+    emit dateChosen(first.addDays(std::min(dateShown_.day(), first.daysInMonth()) - 1));
 }
 
 void frmMain::cmbYear_Click() {
-    const QDate selected = state_.dates.SelectedDate;
-    const QDate first(cmbYear_->currentText().toInt(), selected.month(), 1);
-    state_.SelectDate(first.addDays(std::min(selected.day(), first.daysInMonth()) - 1));
+    const QDate first(cmbYear_->currentText().toInt(), dateShown_.month(), 1);
+    emit dateChosen(first.addDays(std::min(dateShown_.day(), first.daysInMonth()) - 1));
 }
 
 void frmMain::txtDate_Enter() {
-    const QDate date = ParseDateInput(txtDate_->text(), state_.dates.ThisYear);
+    const QDate date = ParseDateInput(txtDate_->text(), dateShown_.year());
     if (date.isValid() && cmbYear_->findText(QString::number(date.year())) >= 0) {
-        state_.SelectDate(date);
+        emit dateChosen(date);
         return;
     }
-    state_.services.dialogs.MsgBox(
-        QStringLiteral("Please type a date such as 9/7/2026 or Sep 7, 2026."),
-        vb::OKOnly | vb::Exclamation, QStringLiteral("Date not recognized"));
-    ShowSelectedDate();
+    services_.dialogs.MsgBox(kBadDateMessage, kWarningStyle, kBadDateTitle);
+    ShowSelectedDate(dateShown_);
 }
 
-// ---- calendar views --------------------------------------------------------------------
-
-CalendarView* frmMain::calendarView() const {
-    return qobject_cast<CalendarView*>(ChildWindow(kCalendarWindow));
-}
-
-int frmMain::ViewKind() const {
-    const CalendarView* view = calendarView();
-    return view ? view->MonthsShown() : 0;
-}
-
-void frmMain::ShowCalendar(int months) {
-    auto* view = static_cast<CalendarView*>(ShowChild(kCalendarWindow, [this] {
-        auto* created =
-            new CalendarView(state_, [this](const QDate& date) { return LookOf(date); });
-        connect(created, &CalendarView::contextMenuAt, this,
-                [this](const QDate&, const QPoint& at) { DateOptionsMenu()->popup(at); });
-        return created;
-    }));
-    view->SetMonthsShown(months);
-    view->setWindowTitle(months == 1   ? QStringLiteral("1 Month Calendar")
-                         : months == 6 ? QStringLiteral("6 Month Calendar")
-                                       : QStringLiteral("Yearly Calendar"));
-    if (QWidget* sub = view->parentWidget(); sub && !sub->isMaximized())
-        sub->showMaximized();
-    view->setFocus();
-}
-
-void frmMain::Show1MonthCalendar() {
-    ShowCalendar(1);
-}
-
-void frmMain::Show6MonthCalendar() {
-    ShowCalendar(6);
-}
-
-void frmMain::Show1YearCalendar() {
-    ShowCalendar(12);
-}
-
-void frmMain::RedrawCalendar() {
-    if (CalendarView* view = calendarView())
-        view->update();
-}
-
-void frmMain::AddDayDecorator(DayDecorator decorator) {
-    decorators_.append(std::move(decorator));
-    RedrawCalendar();
-}
-
-DayLook frmMain::LookOf(const QDate& date) const {
-    DayLook look;
-    for (const DayDecorator& decorate : decorators_)
-        decorate(date, look);
-    return look;
-}
-
-// ---- child windows ---------------------------------------------------------------------
+// ---- child windows -----------------------------------------------------------------------
 
 QWidget* frmMain::ChildWindow(const QString& name) const {
     for (QMdiSubWindow* sub : mdi_->subWindowList()) {
@@ -225,81 +169,37 @@ QWidget* frmMain::ShowChild(const QString& name, const std::function<QWidget*()>
         child->setObjectName(name);
         QMdiSubWindow* sub = mdi_->addSubWindow(child);
         sub->setAttribute(Qt::WA_DeleteOnClose);
+        sub->setWindowIcon(windowIcon());
+        // A window larger than the frame's free area is cut to it; its content scrolls.
+        sub->resize(sub->sizeHint().boundedTo(mdi_->viewport()->size()));
         sub->show();
     }
-    QMdiSubWindow* sub = qobject_cast<QMdiSubWindow*>(child->parentWidget());
+    auto* sub = qobject_cast<QMdiSubWindow*>(child->parentWidget());
     if (sub && sub->isMinimized())
         sub->showNormal();
     mdi_->setActiveSubWindow(sub);
     return child;
 }
 
-// ---- help ------------------------------------------------------------------------------
-
-void frmMain::FillHelpBox() {
-    const QSignalBlocker block(cmbHelp_);
-    cmbHelp_->clear();
-    cmbHelp_->addItems(state_.help.Names());
-    const int start = std::max(0, cmbHelp_->findText(QStringLiteral("Getting Started")));
-    cmbHelp_->setCurrentIndex(cmbHelp_->count() ? start : -1);
-    cmbHelp_Click();
-}
-
-void frmMain::cmbHelp_Click() {
-    const int topic = cmbHelp_->currentIndex();
-    const auto& topics = state_.help.topics();
-    txtHelp_->setPlainText(topic >= 0 && topic < topics.size() ? topics[topic].description.trimmed()
-                                                               : QString());
-}
-
-void frmMain::OpenHelp(int topic) {
-    auto* help = static_cast<frmHelp*>(ShowChild(
-        QStringLiteral("frmHelp"), [this] { return new frmHelp(state_.help, state_.services); }));
-    if (topic >= 0)
-        help->SelectTopic(topic);
-}
-
-void frmMain::imgHelp_Click() {
-    OpenHelp(cmbHelp_->currentIndex());
-}
-
-void frmMain::mnuHelpContents_Click() {
-    OpenHelp(-1);
-}
-
-void frmMain::mnuHelpSoftwareVersion_Click() {
-    state_.services.dialogs.MsgBox(QStringLiteral("Orvanta version " ORVANTA_VERSION) + kCrLf +
-                                       QStringLiteral("Planner and Date Management"),
-                                   vb::OKOnly | vb::Information,
-                                   QStringLiteral("Software Version"));
-}
-
-// ---- closing ---------------------------------------------------------------------------
+// ---- closing -----------------------------------------------------------------------------
 
 bool frmMain::AskToClose() {
     for (const QString& name : kWindowsConfirmedOnClose) {
-        if (!IsChildOpen(name))
-            continue;
-        return state_.services.dialogs.MsgBox(
-                   QStringLiteral("Are you sure you want to close the program? Click No to keep "
-                                  "this") +
-                       kCrLf +
-                       QStringLiteral("Window Open and then use the Escape Key to return to the "
-                                      "Calendar View."),
-                   vb::YesNo | vb::Question,
-                   QStringLiteral("Preparing to Close the Application")) == vb::Yes;
+        if (IsChildOpen(name))
+            return services_.dialogs.MsgBox(kCloseQuestion, kQuestionStyle, kCloseTitle) == vb::Yes;
     }
     return true;
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    state_.closing = true;
-    PromptUnsavedChanges(state_.services.dialogs, state_.changes, editors_);
-    if (state_.changes.CancelRequested || !AskToClose()) {
-        state_.closing = false;
+    closing_ = true;
+    PromptUnsavedChanges(services_.dialogs, changes_, editors_);
+    if (changes_.CancelRequested || !AskToClose()) {
+        closing_ = false;
         event->ignore();
         return;
     }
     timer1_->stop();
+    SavePosition();
     event->accept();
 }

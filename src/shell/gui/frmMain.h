@@ -1,58 +1,46 @@
 #pragma once
 
-#include <QList>
+#include <QDate>
 #include <QMainWindow>
 #include <functional>
 
-#include <memory>
-
-#include "calendar/CalendarDisplay.h"
-#include "calendar/DayLook.h"
 #include "shell/Prompts.h"
+#include "shell/gui/Controls.h"
 
-class CalendarView;
-class DateActions;
-class ProgramState;
 class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
-class QListWidget;
 class QMdiArea;
-class QMdiSubWindow;
-class QPlainTextEdit;
 class QTimer;
+class Services;
+class UserPreferences;
 
 // The program's frame: the date selectors and indicators on top, the child windows (calendar
 // views, editors, managers) in the middle, pending birthdays, alerts and help on the right,
-// the month's tasks and the to-do list below, and the menus that reach every function.
-class frmMain : public QMainWindow, public CalendarDisplay {
+// the month's tasks and the to-do list below, and the menus that reach every function. The
+// frame builds every control and menu item under its prescribed name; each subsystem attaches
+// its handlers to them (an item without a handler stays disabled).
+class frmMain : public QMainWindow {
     Q_OBJECT
 public:
-    explicit frmMain(ProgramState& state, QWidget* parent = nullptr);
+    frmMain(Services& services, ChangeFlags& changes, UserPreferences& prefs,
+            QWidget* parent = nullptr);
     ~frmMain() override;
 
-    // The window's load step: everything the program reads at start-up, in order.
+    // The window's load step: what the program reads at start-up, in its order.
+    void SetLoadSteps(std::function<void()> steps) { loadSteps_ = std::move(steps); }
     void Form_Load();
 
-    // The calendar view on show: 0 none, 1 one month, 6 six months, 12 one year.
-    int ViewKind() const override;
-    void Show1MonthCalendar() override;
-    void Show6MonthCalendar() override;
-    void Show1YearCalendar() override;
-    // Repaint the marks of the view of that kind when it is on show.
-    void ReDraw1MonthDateMarks() override;
-    void ReDraw6MonthDateMarks() override;
-    void ReDrawDateMarks() override;
-    CalendarView* calendarView() const;
-    // Repaints the calendar on show after something it shows has changed.
-    void RedrawCalendar();
+    // A control or menu item by its prescribed name.
+    template <class T>
+    T* Control(const QString& name) const {
+        return FindControl<T>(this, name);
+    }
+    QAction* MenuItem(const QString& name) const { return Control<QAction>(name); }
 
-    // How every calendar view shows a day: each decorator adds what its store knows.
-    void AddDayDecorator(DayDecorator decorator);
-    DayLook LookOf(const QDate& date) const;
-
-    // Child windows: one of each at a time. ShowChild raises the open one or creates it.
+    // Child windows: one of each at a time. ShowChild raises the open one or creates it, sized
+    // to what it asks for as far as the frame has room.
     QWidget* ShowChild(const QString& name, const std::function<QWidget*()>& create);
     QWidget* ChildWindow(const QString& name) const;
     bool IsChildOpen(const QString& name) const { return ChildWindow(name) != nullptr; }
@@ -60,19 +48,19 @@ public:
 
     // How the unsaved-change questions reach the editors; editors register here.
     EditorHooks& editors() { return editors_; }
+    // True once the frame has been asked to close (and has not been kept open).
+    bool IsClosing() const { return closing_; }
 
-    // The Date Options menu, also offered on a day's right click.
-    QMenu* DateOptionsMenu() const;
-
-    // Checks once a minute whether the day has changed, and refreshes what depends on today.
+    // The selected date in the selectors, the bottom strip and the tasks frame.
+    void ShowSelectedDate(const QDate& date);
+    // Checks once a minute whether the day has changed, and shows the new day.
     void Timer1_Timer();
-
-    void mnuHelpContents_Click();
-    void mnuHelpSoftwareVersion_Click();
 
 signals:
     // After midnight: today's date has changed.
     void todayChanged(const QDate& today);
+    // The user picked a date with the day, month or year selector, or typed one.
+    void dateChosen(const QDate& date);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -84,40 +72,26 @@ private:
     QWidget* BuildBottomPanel();
     QWidget* BuildBottomStrip();
     void BuildMenus();
-    void ConnectHandlers();
-    void ConnectMarkHandlers();
-    // Captions, check marks and colours of the mark categories in the menus and lists.
-    void ShowMarkerSettings();
-    // After the marker settings changed: menus, open marker windows and the view.
-    void MarkerSettingsChanged();
-    void mnuManageDisplayedMarks_Click();
-    void mnuManageUserColors_Click();
-    void RedrawViewOfKind(int months);
-
-    // Load steps that belong to stores filled in by their own features.
-    void ReadAlerts();
-    void ReadBirthdays();
-    void FillTaskList();
-
-    void ShowCalendar(int months);
-    void ShowSelectedDate();
+    void ConnectSelectors();
     void FillDayCombo(int year, int month);
     void ShowToday();
-    void FillHelpBox();
     void cmbDay_Click();
     void cmbMonth_Click();
     void cmbYear_Click();
-    void cmbHelp_Click();
     void txtDate_Enter();
-    void imgHelp_Click();
-    void OpenHelp(int topic);
     bool AskToClose();
+    // The frame's place and size: as the user left it, or the screen's free area.
+    void RestorePosition();
+    void SavePosition();
 
-    ProgramState& state_;
-    std::unique_ptr<DateActions> actions_;
+    Services& services_;
+    ChangeFlags& changes_;
+    UserPreferences& prefs_;
+    std::function<void()> loadSteps_;
     EditorHooks editors_;
-    QList<DayDecorator> decorators_;
+    bool closing_ = false;
     QDate todayShown_;
+    QDate dateShown_;
 
     QMdiArea* mdi_ = nullptr;
     QTimer* timer1_ = nullptr;
@@ -128,8 +102,6 @@ private:
     QLineEdit* txtDate_ = nullptr;
     QLabel* lblDate_ = nullptr;
     QGroupBox* framTasks_ = nullptr;
-    QComboBox* cmbHelp_ = nullptr;
-    QPlainTextEdit* txtHelp_ = nullptr;
 };
 
 // The planner, expense-report and mileage-report windows: closing the program while one of

@@ -1,24 +1,15 @@
 // The menu tree of the main window. Every item carries its control name; an item comes alive
 // when its handler is attached in ConnectHandlers.
-#include <QComboBox>
 #include <QMenuBar>
-#include <QToolButton>
 
 #include "shell/gui/Controls.h"
 #include "shell/gui/frmMain.h"
 
 namespace {
 
-// The fourteen mark categories of the Displayed Marks menu; the first twelve are the ones a
-// user can give a day.
-const QStringList kMarkCategories = {
-    QStringLiteral("Account Payable"), QStringLiteral("Account Receivable"),
-    QStringLiteral("Anniversary"),     QStringLiteral("Appointment"),
-    QStringLiteral("Birthday"),        QStringLiteral("Celebration"),
-    QStringLiteral("Dining"),          QStringLiteral("Event"),
-    QStringLiteral("Holiday"),         QStringLiteral("Meeting"),
-    QStringLiteral("Travel"),          QStringLiteral("Vacation"),
-    QStringLiteral("Quick Marks"),     QStringLiteral("Today's Date")};
+// The mark categories of the Displayed Marks menu and the user categories of Mark Selected Date
+// as...; their captions are the categories' own, set when the marker colours are read.
+constexpr int kMarkCategories = 14;
 constexpr int kUserCategories = 12;
 
 void BuildFileMenu(QMenuBar* bar) {
@@ -54,9 +45,8 @@ void BuildEditMenu(QMenuBar* bar) {
             QStringLiteral("mnuEditMarksHideAll"));
     AddItem(marks, QStringLiteral("Show (Check) All Marks"), QStringLiteral("mnuEditMarksShowAll"));
     marks->addSeparator();
-    for (int i = 0; i < kMarkCategories.size(); ++i) {
-        QAction* item =
-            AddItem(marks, kMarkCategories[i], ArrayName(QStringLiteral("mnuEditMark"), i));
+    for (int i = 0; i < kMarkCategories; ++i) {
+        QAction* item = AddItem(marks, QString(), ArrayName(QStringLiteral("mnuEditMark"), i));
         item->setCheckable(true);
         item->setChecked(true);
     }
@@ -87,7 +77,7 @@ void BuildOptionsMenu(QMenuBar* bar) {
     QMenu* markAs = AddSubMenu(date, QStringLiteral("Mark Selected Date as..."),
                                QStringLiteral("mnuOptDateMark"));
     for (int i = 0; i < kUserCategories; ++i)
-        AddItem(markAs, kMarkCategories[i], ArrayName(QStringLiteral("mnuOptDateMarkAs"), i));
+        AddItem(markAs, QString(), ArrayName(QStringLiteral("mnuOptDateMarkAs"), i));
     AddItem(date, QStringLiteral("Clear Mark from Selected Date"),
             QStringLiteral("mnuOptDateClearMark"));
     AddItem(date, QStringLiteral("Attach Mouse Over (Hover) Note"),
@@ -190,39 +180,4 @@ void frmMain::BuildMenus() {
     BuildManageMenu(bar);
     BuildViewMenu(bar);
     BuildToolsSupportHelpMenus(bar);
-}
-
-QMenu* frmMain::DateOptionsMenu() const {
-    return findChild<QMenu*>(QStringLiteral("mnuDateOptions"));
-}
-
-void frmMain::ConnectHandlers() {
-    const auto item = [this](const char* name) {
-        return findChild<QAction*>(QString::fromLatin1(name));
-    };
-    Handle(item("mnuCalOneMonth"), this, &frmMain::Show1MonthCalendar);
-    Handle(item("mnuCalSixMonths"), this, &frmMain::Show6MonthCalendar);
-    Handle(item("mnuCalOneYear"), this, &frmMain::Show1YearCalendar);
-    Handle(item("mnuHelpContents"), this, &frmMain::mnuHelpContents_Click);
-    Handle(item("mnuHelpSoftwareVersion"), this, &frmMain::mnuHelpSoftwareVersion_Click);
-
-    const auto button = [this](const QString& name) { return findChild<QToolButton*>(name); };
-    connect(button(QStringLiteral("imgCal_0")), &QToolButton::clicked, this,
-            &frmMain::Show1MonthCalendar);
-    connect(button(QStringLiteral("imgCal_1")), &QToolButton::clicked, this,
-            &frmMain::Show6MonthCalendar);
-    connect(button(QStringLiteral("imgCal_2")), &QToolButton::clicked, this,
-            &frmMain::Show1YearCalendar);
-    // The views follow the selected date; advancing shows the selected date's month sheet.
-    connect(button(QStringLiteral("imgOpt_0")), &QToolButton::clicked, this,
-            &frmMain::Show1MonthCalendar);
-    button(QStringLiteral("imgOpt_1"))->setEnabled(false);
-    button(QStringLiteral("imgOpt_2"))->setEnabled(false);
-
-    const auto combo = [this](const char* name) {
-        return findChild<QComboBox*>(QString::fromLatin1(name));
-    };
-    connect(combo("cmbDay"), &QComboBox::currentIndexChanged, this, &frmMain::cmbDay_Click);
-    connect(combo("cmbMonth"), &QComboBox::currentIndexChanged, this, &frmMain::cmbMonth_Click);
-    connect(combo("cmbYear"), &QComboBox::currentIndexChanged, this, &frmMain::cmbYear_Click);
 }

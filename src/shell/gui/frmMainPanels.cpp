@@ -153,7 +153,8 @@ QWidget* frmMain::BuildTopPanel() {
     }
     auto* alertButton = Named(new QPushButton(QStringLiteral("No Pending Alerts")),
                               QStringLiteral("cmdAlert"), QStringLiteral("Click to View"));
-    alertButton->setEnabled(false);
+    // The button appears while alerts are pending; until then the label says there are none.
+    alertButton->hide();
     selectors->addWidget(alertButton);
     selectors->addWidget(Label(QStringLiteral("lblAlert"), QStringLiteral("No Pending Alerts")));
     grid->addLayout(selectors, 1, 0, 1, 5);
@@ -188,15 +189,12 @@ QWidget* frmMain::BuildRightPanel() {
     auto* imgHelp = ImageButton(QStringLiteral("imgHelp"), icons::Help(),
                                 QStringLiteral("Click for Enlarged Version of Help"));
     imgHelp->setIconSize(QSize(20, 20));
-    connect(imgHelp, &QToolButton::clicked, this, &frmMain::imgHelp_Click);
     helpRow->addWidget(imgHelp);
     column->addLayout(helpRow);
-    cmbHelp_ = Named(new QComboBox, QStringLiteral("cmbHelp"));
-    connect(cmbHelp_, &QComboBox::currentIndexChanged, this, &frmMain::cmbHelp_Click);
-    column->addWidget(cmbHelp_);
-    txtHelp_ = Named(new QPlainTextEdit, QStringLiteral("txtHelp"));
-    txtHelp_->setReadOnly(true);
-    column->addWidget(txtHelp_, 2);
+    column->addWidget(Named(new QComboBox, QStringLiteral("cmbHelp")));
+    auto* txtHelp = Named(new QPlainTextEdit, QStringLiteral("txtHelp"));
+    txtHelp->setReadOnly(true);
+    column->addWidget(txtHelp, 2);
     return right;
 }
 
@@ -238,7 +236,6 @@ QWidget* frmMain::BuildBottomStrip() {
     txtDate_ = Named(new QLineEdit, QStringLiteral("txtDate"),
                      QStringLiteral("The selected date: type another and press Enter"));
     txtDate_->setMaximumWidth(130);
-    connect(txtDate_, &QLineEdit::returnPressed, this, &frmMain::txtDate_Enter);
     row->addWidget(txtDate_);
     lblDate_ = Label(QStringLiteral("lblDate"), QStringLiteral("Month: September"));
     row->addWidget(lblDate_);

@@ -1,4 +1,4 @@
-#include "shell/FirstStart.h"
+#include "app/FirstStart.h"
 
 #include <QFile>
 

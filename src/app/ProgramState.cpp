@@ -1,0 +1,8 @@
+#include "app/ProgramState.h"
+
+ProgramState::ProgramState(const QString& dataFolder, Dialogs& dialogs, Clock& clock,
+                           Platform& platform)
+    : services(dataFolder, dialogs, clock, platform), marks(services, dates, markerColors) {
+    // Every store with a table per year reads both years again when the year on show changes.
+    dates.AddYearStore(&marks);
+}

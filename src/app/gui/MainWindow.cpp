@@ -1,0 +1,35 @@
+#include "app/gui/MainWindow.h"
+
+#include "app/ProgramState.h"
+#include "calendar/gui/CalendarMenus.h"
+#include "help/gui/HelpMenus.h"
+#include "shell/gui/ShellMenus.h"
+
+MainWindow CreateMainWindow(ProgramState& state) {
+    MainWindow window;
+    window.frame = std::make_unique<frmMain>(state.services, state.changes, state.prefs);
+    frmMain& frame = *window.frame;
+    auto* help = new HelpMenus(frame, state.help, state.services);
+    auto* calendar =
+        new CalendarMenus(frame, state.services, state.dates, state.markerColors, state.marks);
+    new ShellMenus(frame, state.services, state.prefs);
+    window.help = help;
+    window.calendar = calendar;
+
+    // What the program reads at start-up, in this order: the help topics, the preferences,
+    // the working date from today, the marker colours, both years' date holders and the
+    // per-year stores, then the year's calendar.
+    frame.SetLoadSteps([&state, &frame, help, calendar] {
+        help->LoadHelpTopics();
+        state.prefs.GetUserPreferences(state.services);
+        state.dates.SelectedDate = state.services.clock.today();
+        state.dates.SetYearBounds();
+        calendar->ReadMarkerColors();
+        state.dates.AssignThisYearsDateHolders();
+        state.dates.AssignNextYearsDateholders();
+        state.dates.ReadYearStores();
+        calendar->Show1YearCalendar();
+        frame.ShowSelectedDate(state.dates.SelectedDate);
+    });
+    return window;
+}

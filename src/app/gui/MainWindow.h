@@ -1,0 +1,19 @@
+#pragma once
+
+#include <memory>
+
+#include "shell/gui/frmMain.h"
+
+class CalendarMenus;
+class HelpMenus;
+struct ProgramState;
+
+// The main window as the program runs it: the frame, each subsystem's part of it connected to
+// that subsystem's stores, and the load step in its order.
+struct MainWindow {
+    std::unique_ptr<frmMain> frame;
+    CalendarMenus* calendar = nullptr;
+    HelpMenus* help = nullptr;
+};
+
+MainWindow CreateMainWindow(ProgramState& state);

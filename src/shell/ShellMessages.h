@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QString>
+
+#include "shell/Dialogs.h"
+
+// The messages of the program's frame: errors, start-up, prompts, the Options and Support
+// commands. Texts are kept exactly as users know them, misspellings included.
+
+// ---- errors and files -------------------------------------------------------------------
+inline const QString kErrorLogFile = QStringLiteral("Error.log");
+inline const QString kProgramErrorTitle = QStringLiteral("Program Error");
+inline const QString kErrorLogWriteFailed = QStringLiteral("Error writing to Error.log.");
+inline const QString kFolderCheckFailed =
+    QStringLiteral("Error encountered during Events Folder check.");
+
+// A save refused because the file's last read stopped at a faulty line.
+inline QString PartlyReadFileMessage(const QString& fileName) {
+    return QStringLiteral(
+               "%1 could not be read completely, so it has not been saved: saving now would "
+               "overwrite the lines that could not be read. Please correct or remove the line "
+               "named in Error.log, then start Orvanta again.")
+        .arg(fileName);
+}
+
+// ---- start-up and closing ---------------------------------------------------------------
+inline const QString kSecondInstanceMessage =
+    QStringLiteral("Another instance of this application is already running.");
+inline const QString kCloseQuestion =
+    QStringLiteral("Are you sure you want to close the program? Click No to keep this") + kCrLf +
+    QStringLiteral("Window Open and then use the Escape Key to return to the Calendar View.");
+inline const QString kCloseTitle = QStringLiteral("Preparing to Close the Application");
+inline const QString kBadDateMessage =
+    QStringLiteral("Please type a date such as 9/7/2026 or Sep 7, 2026.");
+inline const QString kBadDateTitle = QStringLiteral("Date not recognized");
+
+// ---- file names and unsaved changes -----------------------------------------------------
+inline const QString kIllegalFileNameMessage =
+    QStringLiteral("Action Cancelled. File Name cannot include any of ") + kCrLf +
+    QStringLiteral("the following characters: / \\ : * ? < > |");
+inline const QString kMonthIconsChangedQuestion =
+    QStringLiteral("Monthly Icons have been changed. Do you want to save those changes?");
+inline const QString kMonthIconsChangedTitle = QStringLiteral("Month Has Changed");
+inline const QString kPlannerChangedQuestion =
+    QStringLiteral("The Planner has been changed. Do you want to save those changes?");
+inline const QString kPlannerChangedTitle = QStringLiteral("Planner Has Changed");
+inline const QString kNotesChangedQuestion =
+    QStringLiteral("The Notes have been changed. Do you want to save those changes?");
+inline const QString kNotesChangedTitle = QStringLiteral("Notes Have Changed");
+
+// ---- Options and Support menus ----------------------------------------------------------
+inline const QString kShareDrivePrompt =
+    QStringLiteral("Enter the Network Share Drive letter below. Example d, e, f, etc.");
+inline const QString kShareDriveTitle = QStringLiteral("Setting Network Share Drive");
+inline const QString kBadDriveLetterMessage = QStringLiteral("Could not determine drive letter.");
+
+inline const QString kShortcutName = QStringLiteral("Shortcut to Orvanta");
+inline const QString kShortcutAddedMessage =
+    QStringLiteral("A Shortcut has been successfully added to Programs.");
+inline const QString kShortcutFailedPrefix = QStringLiteral("Unable to Create Shortcut : ");
+
+inline const QString kReportProblemMessage = QStringLiteral(
+    "A new window will open taking you to the Bug Report Page. Type a brief "
+    "decription\r\nof the problem in the box provided and we'll get back to you "
+    "as soon as possible. P.S.Don't forget to leave your email address.");
+inline const QString kSendErrorLogMessage = QStringLiteral(
+    "This process will copy the Error Log File to memory so that you can paste it in the\r\nthe "
+    "appropriate box on our website. Please make sure you are connected to the internet.");
+inline const QString kLogFileNotFoundMessage = QStringLiteral("Log File not found.");
+
+// The maker's web site and its pages for problem reports and error logs.
+inline const QString kMakerSite = QStringLiteral("https://www.orvanta.example");
+inline const QString kBugReportPage = QStringLiteral("/orvanta/bug_report.htm");
+inline const QString kErrorLogPage = QStringLiteral("/orvanta/error_log.htm");

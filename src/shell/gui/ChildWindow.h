@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QWidget>
+
+#include "shell/Services.h"
+#include "shell/gui/Controls.h"
+
+class QCloseEvent;
+
+// The common part of every child window of the main frame. The frame creates a child window
+// once and raises it when it is asked for again; the window closes on Esc; each handler runs
+// in the error trap under its own name; controls are found by their prescribed names, a
+// misspelt name stopping the program at once; an editor with unsaved work is asked about it
+// before it closes. The window's controls go into Body(), which scrolls when the window is
+// larger than the space the frame can give it.
+class ChildWindow : public QWidget {
+    Q_OBJECT
+public:
+    ChildWindow(Services& services, const QString& name, const QString& caption,
+                QWidget* parent = nullptr);
+
+    template <class T>
+    T* Control(const QString& name) const {
+        return FindControl<T>(this, name);
+    }
+    template <class T>
+    T* Control(const QString& array, int index) const {
+        return FindControl<T>(this, ArrayName(array, index));
+    }
+
+    // Closes the window, with its frame inside the main window when it has one.
+    void CloseWindow();
+
+    QSize sizeHint() const override;
+
+protected:
+    // The widget that holds the window's controls.
+    QWidget* Body() const { return body_; }
+
+    // Runs body whenever sender emits signal, in the trap under the handler's name.
+    template <class Sender, class Signal, class Handler>
+    void On(Sender* sender, Signal signal, const char* handlerName, Handler body) {
+        connect(sender, signal, this,
+                [this, handlerName, body] { services_.Trap(handlerName, body); });
+    }
+
+    // Asked before the window closes. An editor with unsaved work asks about it here and
+    // returns false to stay open.
+    virtual bool Form_QueryUnload() { return true; }
+
+    void closeEvent(QCloseEvent* event) override;
+
+    Services& services_;
+
+private:
+    QWidget* body_;
+};
