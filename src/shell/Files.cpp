@@ -66,6 +66,17 @@ QString PathForWriting(const QString& folder, const QString& name) {
     return FileExists(folder, name, &path) ? path : JoinPath(folder, name);
 }
 
+QStringList FilesSpelledLike(const QString& dir, const QString& name) {
+    QStringList paths;
+    const QStringList entries =
+        QDir(dir).entryList(QDir::Files | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    for (const QString& entry : entries) {
+        if (entry.compare(name, Qt::CaseInsensitive) == 0)
+            paths.append(dir + entry);
+    }
+    return paths;
+}
+
 bool FolderExists(Dialogs& dialogs, const QString& parent, const QString& name, QString* realPath) {
     if (!QFileInfo(parent).isDir() || !QFileInfo(parent).isReadable()) {
         const VbError error(err::PathNotFound);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class Dialogs;
 
@@ -24,6 +25,10 @@ bool FileExists(const QString& folder, const QString& name, QString* realPath = 
 // Where a file of the data folder is written: the existing file, whatever the letter case of
 // its name on disk, or else folder + name.
 QString PathForWriting(const QString& folder, const QString& name);
+
+// The paths of every file in dir (ending in a separator) whose name is name in some letter
+// case, the exact spelling included.
+QStringList FilesSpelledLike(const QString& dir, const QString& name);
 
 // True when parent holds a folder called name (case-insensitive). When parent cannot be listed
 // it says so in a message box and returns false.

@@ -29,15 +29,19 @@ QString ReadAll(const QString& path);
 QStringList ReadLines(const QString& path);
 
 // Replaces path with exactly text. The old file stays whole until the new one is complete on
-// disk, so a full disk or a crash never leaves a torn file.
+// disk, so a full disk or a crash never leaves a torn file. A failure raises 61, 70 or 75.
 void WriteAll(const QString& path, const QString& text);
 
 // Joins lines with CR LF, without a line break after the last one.
 QString JoinLines(const QStringList& lines);
 
-// Saves the file name (relative to folder) keeping its previous version: an existing file is
-// renamed to the same name with the extension ".bak" (replacing an older backup), then content
-// is written. Empty content writes nothing, which leaves only the backup.
+// Saves the file name (relative to folder) keeping its previous version: an existing file, in
+// whatever letter case, becomes the same name with the extension ".bak" (replacing an older
+// backup in any case), and content is written under name as given. Empty content writes
+// nothing, which leaves only the backup. Whenever the save stops, even half way, the file
+// under name is whole: the old content or the new, and the backup is never the newer one.
+// A failure raises 61 (disk full), 70 (permission denied) or 75 and leaves the old file as
+// it was.
 void WriteWithBackup(const QString& folder, const QString& name, const QString& content);
 
 // The backup name of a file name: its extension replaced by ".bak".
