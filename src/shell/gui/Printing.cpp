@@ -1,0 +1,294 @@
+#include "shell/gui/Printing.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QPagedPaintDevice>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QTextLayout>
+
+#include "shell/Dialogs.h"
+#include "shell/Platform.h"
+
+QFont PrintFont(const QString& classicName, qreal pointSize, bool bold) {
+    // Each classic face, then the faces that stand in for it on Linux: the metric-compatible
+    // ones keep a printed page's line breaks where they were. Last comes the generic shape,
+    // which the system's font configuration turns into one of its own families.
+    struct Face {
+        QString classic;
+        QStringList standIns;
+        QString shape;
+    };
+    static const QList<Face> faces = {
+        {"Arial", {"Liberation Sans", "Arimo", "DejaVu Sans"}, "sans-serif"},
+        {"Times New Roman", {"Liberation Serif", "Tinos", "DejaVu Serif"}, "serif"},
+        {"MS Sans Serif", {"DejaVu Sans", "Liberation Sans"}, "sans-serif"},
+    };
+
+    QFont font(classicName);
+    font.setPointSizeF(pointSize);
+    font.setBold(bold);
+    for (const Face& face : faces) {
+        if (face.classic.compare(classicName, Qt::CaseInsensitive) != 0)
+            continue;
+        for (const QString& family : QStringList{face.classic} + face.standIns) {
+            if (QFontDatabase::hasFamily(family)) {
+                font.setFamily(family);
+                return font;
+            }
+        }
+        font.setFamily(QFontInfo(QFont(face.shape)).family());
+        return font;
+    }
+    return font;
+}
+
+PageWriter::PageWriter(QPagedPaintDevice& device)
+    : device_(device),
+      headingFont_(PrintFont("Arial", 12, true)),
+      font_(PrintFont("Arial", 10)),
+      footerFont_(PrintFont("Arial", 9)) {
+    device_.setPageMargins(QMarginsF(kMarginMm, kMarginMm, kMarginMm, kMarginMm),
+                           QPageLayout::Millimeter);
+    painter_.begin(&device_);
+}
+
+PageWriter::~PageWriter() {
+    Finish();
+}
+
+bool PageWriter::Finish() {
+    if (!painter_.isActive())
+        return false;
+    if (page_ == 1 && !begun_ && !pageEnded_)
+        Begin();
+    EndPage();
+    return painter_.end();
+}
+
+void PageWriter::SetHeading(const QStringList& lines, const QFont& font) {
+    heading_ = lines;
+    headingFont_ = font;
+}
+
+QSizeF PageWriter::PageSizeMm() const {
+    return QSizeF(device_.width() * 25.4 / device_.logicalDpiX(),
+                  device_.height() * 25.4 / device_.logicalDpiY());
+}
+
+qreal PageWriter::Px(qreal mm) const {
+    return mm * device_.logicalDpiY() / 25.4;
+}
+
+qreal PageWriter::LineHeight(const QFont& font) const {
+    return QFontMetricsF(font, &device_).lineSpacing();
+}
+
+qreal PageWriter::Bottom() const {
+    return device_.height() - (pageNumbers_ ? LineHeight(footerFont_) + Px(2) : 0);
+}
+
+void PageWriter::Begin() {
+    if (begun_)
+        return;
+    if (pageEnded_) {
+        device_.newPage();
+        ++page_;
+        pageEnded_ = false;
+    }
+    begun_ = true;
+    y_ = 0;
+    if (!heading_.isEmpty()) {
+        const qreal height = LineHeight(headingFont_);
+        painter_.setFont(headingFont_);
+        for (const QString& line : heading_) {
+            painter_.drawText(QRectF(0, y_, device_.width(), height),
+                              Qt::AlignHCenter | Qt::AlignTop, line);
+            y_ += height;
+        }
+        y_ += height / 2;
+    }
+    bodyTop_ = y_;
+}
+
+void PageWriter::EndPage() {
+    if (!begun_)
+        return;
+    if (pageNumbers_) {
+        const qreal height = LineHeight(footerFont_);
+        painter_.setFont(footerFont_);
+        painter_.drawText(QRectF(0, device_.height() - height, device_.width(), height),
+                          Qt::AlignHCenter | Qt::AlignTop, QStringLiteral("Page %1").arg(page_));
+    }
+    begun_ = false;
+    pageEnded_ = true;
+}
+
+void PageWriter::NewPage() {
+    EndPage();
+}
+
+void PageWriter::Reserve(qreal height) {
+    Begin();
+    // A page that holds nothing under its heading takes the line whatever its height, so that
+    // an oversized line cannot turn into endless empty pages.
+    if (y_ + height > Bottom() && y_ > bodyTop_) {
+        EndPage();
+        Begin();
+    }
+}
+
+void PageWriter::DrawLine(const QString& text) {
+    const qreal height = LineHeight(font_);
+    Reserve(height);
+    painter_.setFont(font_);
+    painter_.drawText(QPointF(0, y_ + QFontMetricsF(font_, &device_).ascent()), text);
+    y_ += height;
+}
+
+void PageWriter::Line(const QString& text) {
+    QTextOption wrapping;
+    wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QString paragraphs = text;
+    paragraphs.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    for (const QString& paragraph : paragraphs.split(QLatin1Char('\n'))) {
+        QTextLayout layout(paragraph, font_, &device_);
+        layout.setTextOption(wrapping);
+        QStringList pieces;
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(device_.width());
+            pieces.append(paragraph.mid(line.textStart(), line.textLength()));
+        }
+        layout.endLayout();
+        if (pieces.isEmpty())
+            pieces.append(QString());
+        for (const QString& piece : pieces)
+            DrawLine(piece);
+    }
+}
+
+void PageWriter::Columns(const QStringList& cells, const QList<qreal>& stopsMm) {
+    const qreal height = LineHeight(font_);
+    Reserve(height);
+    painter_.setFont(font_);
+    const QFontMetricsF metrics(font_, &device_);
+    const qsizetype count = qMin(cells.size(), stopsMm.size());
+    for (qsizetype i = 0; i < count; ++i) {
+        const qreal left = Px(stopsMm[i]);
+        const qreal right = i + 1 < count ? Px(stopsMm[i + 1]) : device_.width();
+        // A small gap keeps a cut cell from running into its neighbour.
+        const qreal width = right - left - Px(1);
+        painter_.drawText(QPointF(left, y_ + metrics.ascent()),
+                          metrics.elidedText(cells[i], Qt::ElideRight, qMax<qreal>(width, 0)));
+    }
+    y_ += height;
+}
+
+void PageWriter::TextAt(QPointF positionMm, const QString& text) {
+    Begin();
+    painter_.setFont(font_);
+    painter_.drawText(
+        QPointF(Px(positionMm.x()), Px(positionMm.y()) + QFontMetricsF(font_, &device_).ascent()),
+        text);
+}
+
+void PageWriter::Blank() {
+    Begin();
+    const qreal height = LineHeight(font_);
+    if (y_ + height > Bottom())
+        EndPage();
+    else
+        y_ += height;
+}
+
+void PageWriter::Rule() {
+    const qreal height = LineHeight(font_) / 2;
+    Reserve(height);
+    painter_.setPen(QPen(Qt::black, Px(0.2)));
+    painter_.drawLine(QPointF(0, y_ + height / 2), QPointF(device_.width(), y_ + height / 2));
+    y_ += height;
+}
+
+namespace {
+
+// A title as a file name: no folder separators, wildcards or control characters, and no
+// leading or trailing dots or blanks (a leading dot would hide the file).
+QString SafeFileName(const QString& title) {
+    static const QString kUnsafe = QStringLiteral("/\\:*?\"<>|");
+    QString name;
+    for (const QChar c : title)
+        name += c.unicode() < 0x20 || kUnsafe.contains(c) ? QLatin1Char('_') : c;
+    while (!name.isEmpty() && (name.front() == '.' || name.front().isSpace()))
+        name.remove(0, 1);
+    while (!name.isEmpty() && (name.back() == '.' || name.back().isSpace()))
+        name.chop(1);
+    return name.isEmpty() ? QStringLiteral("Printout") : name;
+}
+
+bool PrintOn(QPrinter& printer, const QString& title, const Printer::Document& document) {
+    printer.setDocName(title);
+    PageWriter writer(printer);
+    if (!writer.IsActive())
+        return false;
+    document(writer);
+    return writer.Finish();
+}
+
+}  // namespace
+
+bool PdfPrinter::Write(const QString& path, const QString& title, const Document& document) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(path);
+    return PrintOn(printer, title, document);
+}
+
+bool PdfPrinter::Print(const QString& title, const Document& document) {
+    const QString name = SafeFileName(title);
+    QString path = QDir(folder_).filePath(name + QStringLiteral(".pdf"));
+    for (int number = 2; QFileInfo::exists(path); ++number)
+        path = QDir(folder_).filePath(QStringLiteral("%1 (%2).pdf").arg(name).arg(number));
+    if (!Write(path, title, document))
+        return false;
+    files_.append(path);
+    return true;
+}
+
+bool DesktopPrinter::SaveAsPdf(const QString& title, const Document& document) {
+    dialogs_.MsgBox(QStringLiteral("Could not find Printer."), vb::OKOnly | vb::Exclamation);
+    QString path = dialogs_.SaveFileName(QStringLiteral("Save as PDF"), QDir::homePath(),
+                                         QStringLiteral("PDF files (*.pdf)"));
+    if (path.isEmpty())
+        return false;
+    if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
+        path += QStringLiteral(".pdf");
+    return PdfPrinter::Write(path, title, document);
+}
+
+bool DesktopPrinter::Print(const QString& title, const Document& document) {
+    if (!platform_.PrinterPresent())
+        return SaveAsPdf(title, document);
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(title);
+    QPrintDialog dialog(&printer, parent_);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    return PrintOn(printer, title, document);
+}
+
+bool DesktopPrinter::Preview(const QString& title, const Document& document) {
+    if (!platform_.PrinterPresent())
+        return SaveAsPdf(title, document);
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(title);
+    QPrintPreviewDialog preview(&printer, parent_);
+    preview.setWindowTitle(title);
+    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
+                     [&](QPrinter* target) { PrintOn(*target, title, document); });
+    return preview.exec() == QDialog::Accepted;
+}

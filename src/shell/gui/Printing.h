@@ -1,0 +1,150 @@
+#pragma once
+
+#include <QFont>
+#include <QList>
+#include <QPainter>
+#include <QPointF>
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+class Dialogs;
+class Platform;
+class QPagedPaintDevice;
+class QWidget;
+
+// The printed fonts are named by their classic faces ("MS Sans Serif", "Arial", "Times New
+// Roman"); each resolves to the first installed family of a like shape (metric-compatible faces
+// first), ending with whatever the system offers for sans or serif. Any other name is used as
+// it is.
+QFont PrintFont(const QString& classicName, qreal pointSize, bool bold = false);
+
+// Lays a document out on the pages of a printer or PDF, top to bottom: an optional heading
+// repeated at the top of every page, then lines, rows of columns and rules; a page ends by
+// itself when the next line does not fit. Positions are in millimetres from the top-left corner
+// of the printable area (inside the margins).
+//
+// A page begins when something is written on it, so a page break with nothing after it adds
+// no empty page; a document that writes nothing still prints its heading on one page.
+class PageWriter {
+public:
+    static constexpr qreal kMarginMm = 15;
+
+    // Sets the device's margins and starts painting on it; check IsActive().
+    explicit PageWriter(QPagedPaintDevice& device);
+    ~PageWriter();
+    PageWriter(const PageWriter&) = delete;
+    PageWriter& operator=(const PageWriter&) = delete;
+
+    bool IsActive() const { return painter_.isActive(); }
+    // Ends the last page; true when the device took every page. Called by the printers once
+    // the document is done.
+    bool Finish();
+
+    // The heading printed at the top of each page from the next one begun (or this one, while
+    // nothing is on it yet).
+    void SetHeading(const QStringList& lines, const QFont& font = PrintFont("Arial", 12, true));
+    // The font of the lines, rows and text that follow (default: Arial 10).
+    void SetFont(const QFont& font) { font_ = font; }
+    // "Page n" centred under each page from now on.
+    void SetPageNumbers(bool on) { pageNumbers_ = on; }
+
+    // One paragraph, wrapped at word boundaries to the page width; a line break in the text
+    // starts a new line.
+    void Line(const QString& text);
+    // One row: cell i starts stopsMm[i] from the left margin and is cut, with an ellipsis, where
+    // the next cell starts (the last one at the right margin). Cells without a stop are left out.
+    void Columns(const QStringList& cells, const QList<qreal>& stopsMm);
+    // Text placed by coordinates (its top-left corner); the flow of lines does not move.
+    void TextAt(QPointF positionMm, const QString& text);
+    // An empty line; at the foot of a page it ends the page instead.
+    void Blank();
+    // A thin line across the page.
+    void Rule();
+    // Ends the current page; the next thing written goes on a new one.
+    void NewPage();
+
+    // Pages begun so far (at least 1).
+    int PageCount() const { return page_; }
+    // The printable area inside the margins.
+    QSizeF PageSizeMm() const;
+
+private:
+    qreal Px(qreal mm) const;
+    qreal LineHeight(const QFont& font) const;
+    // The bottom of the space lines may use: above the page number when there is one.
+    qreal Bottom() const;
+    // Begins the page (new page on the device when the last one ended, heading) if needed.
+    void Begin();
+    void EndPage();
+    // Begins the page and makes room for height, ending the page first when it does not fit.
+    void Reserve(qreal height);
+    void DrawLine(const QString& text);
+
+    QPagedPaintDevice& device_;
+    QPainter painter_;
+    QStringList heading_;
+    QFont headingFont_;
+    QFont font_;
+    QFont footerFont_;
+    bool pageNumbers_ = false;
+    int page_ = 1;
+    bool begun_ = false;      // the current page has its heading and may hold more
+    bool pageEnded_ = false;  // the current page is finished; a new one starts on next output
+    qreal y_ = 0;             // where the next line goes, in device pixels
+    qreal bodyTop_ = 0;       // y_ just under the heading
+};
+
+// Where the program's printouts go. A document is a function that writes on a PageWriter, so
+// a preview can lay it out again whenever it repaints.
+class Printer {
+public:
+    using Document = std::function<void(PageWriter&)>;
+
+    virtual ~Printer() = default;
+    // Prints the document titled title; false when nothing was printed (cancelled or failed).
+    virtual bool Print(const QString& title, const Document& document) = 0;
+    // Shows the document before printing it.
+    virtual bool Preview(const QString& title, const Document& document) = 0;
+};
+
+// Prints to the default printer through the print and preview dialogs. Without any printer it
+// says so and offers to save the printout as a PDF.
+class DesktopPrinter final : public Printer {
+public:
+    DesktopPrinter(Dialogs& dialogs, Platform& platform, QWidget* parent = nullptr)
+        : dialogs_(dialogs), platform_(platform), parent_(parent) {}
+
+    bool Print(const QString& title, const Document& document) override;
+    bool Preview(const QString& title, const Document& document) override;
+
+private:
+    bool SaveAsPdf(const QString& title, const Document& document);
+
+    Dialogs& dialogs_;
+    Platform& platform_;
+    QWidget* parent_;
+};
+
+// Writes every printout to a PDF in a folder, named after its title (characters a file name
+// cannot hold become "_"; a name already taken gets " (2)", " (3)" ...). A preview is a
+// printout too.
+class PdfPrinter final : public Printer {
+public:
+    explicit PdfPrinter(const QString& folder) : folder_(folder) {}
+
+    bool Print(const QString& title, const Document& document) override;
+    bool Preview(const QString& title, const Document& document) override {
+        return Print(title, document);
+    }
+    // The files written so far, in order.
+    const QStringList& files() const { return files_; }
+
+    // Writes document to the PDF file at path (replacing it).
+    static bool Write(const QString& path, const QString& title, const Document& document);
+
+private:
+    QString folder_;
+    QStringList files_;
+};

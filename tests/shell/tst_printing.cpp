@@ -1,0 +1,230 @@
+// Printouts read back from their PDFs: headings and page breaks, wrapped lines, columns, the
+// way out when there is no printer, file names and the fonts that stand in for classic faces.
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <numeric>
+
+#include "TestEnv.h"
+#include "shell/gui/Printing.h"
+
+namespace {
+
+QString Run(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished(30000) || process.exitCode() != 0)
+        return QStringLiteral("<%1 failed: poppler-utils reads the PDFs>").arg(program);
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+// The text of each page as laid out on paper; ligatures read as their letters ("fi", not
+// U+FB01) and the ellipsis as three dots.
+QStringList PdfPages(const QString& path) {
+    QStringList pages = Run("pdftotext", {"-layout", path, "-"})
+                            .normalized(QString::NormalizationForm_KC)
+                            .split(QLatin1Char('\f'));
+    if (pages.size() > 1 && pages.last().trimmed().isEmpty())
+        pages.removeLast();
+    return pages;
+}
+
+// The first word printed in the 15 mm margins or off the page, or nothing.
+QString OutsideMargins(const QString& path) {
+    const QString boxes = Run("pdftotext", {"-bbox", path, "-"});
+    static const QRegularExpression page("<page width=\"([\\d.]+)\" height=\"([\\d.]+)\"");
+    static const QRegularExpression word(
+        "<word xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\" xMax=\"([\\d.]+)\" "
+        "yMax=\"([\\d.]+)\">([^<]*)");
+    const auto size = page.match(boxes);
+    const qreal margin = 15 / 25.4 * 72 - 0.5;  // points
+    const QRectF inside(margin, margin, size.captured(1).toDouble() - 2 * margin,
+                        size.captured(2).toDouble() - 2 * margin);
+    for (const auto& w : word.globalMatch(boxes)) {
+        if (!inside.contains(QRectF(QPointF(w.captured(1).toDouble(), w.captured(2).toDouble()),
+                                    QPointF(w.captured(3).toDouble(), w.captured(4).toDouble()))))
+            return w.captured(5);
+    }
+    return size.hasMatch() ? QString() : boxes;
+}
+
+QList<int> Captures(const QString& text, const QString& pattern) {
+    QList<int> numbers;
+    for (const auto& match : QRegularExpression(pattern).globalMatch(text))
+        numbers.append(match.captured(1).toInt());
+    return numbers;
+}
+
+}  // namespace
+
+class PrintingTest : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir out;
+
+    // Prints one document to a new PDF and returns the file.
+    QString Print(const Printer::Document& document) {
+        PdfPrinter printer(out.path());
+        return printer.Print("Printout", document) ? printer.files().value(0) : QString();
+    }
+
+private slots:
+    void headingAndPageBreaks_data() {
+        QTest::addColumn<int>("entries");
+        QTest::addColumn<bool>("numbered");
+        QTest::newRow("nothing but the heading") << 0 << false;
+        QTest::newRow("one page") << 12 << true;
+        QTest::newRow("several pages") << 150 << false;
+        QTest::newRow("several pages, numbered") << 150 << true;
+    }
+    void headingAndPageBreaks() {
+        QFETCH(int, entries);
+        QFETCH(bool, numbered);
+        int pagesBegun = 0;
+        const QString file = Print([&](PageWriter& page) {
+            page.SetHeading({"Expense Report", "May 2026"});
+            page.SetPageNumbers(numbered);
+            for (int entry = 1; entry <= entries; ++entry)
+                page.Line(QStringLiteral("Entry %1").arg(entry));
+            page.NewPage();  // ends the last page: must not add an empty one
+            pagesBegun = page.PageCount();
+        });
+        const QStringList pages = PdfPages(file);
+        QCOMPARE(pages.size(), pagesBegun);
+        QCOMPARE(OutsideMargins(file), QString());
+        QList<int> printed;
+        for (int number = 1; number <= pages.size(); ++number) {
+            const QString& page = pages[number - 1];
+            QVERIFY2(page.trimmed().startsWith("Expense Report"), qPrintable(page));
+            QVERIFY(page.contains("May 2026"));
+            QCOMPARE(Captures(page, "Page (\\d+)"), numbered ? QList<int>{number} : QList<int>{});
+            printed += Captures(page, "Entry (\\d+)");
+        }
+        QList<int> all(entries);
+        std::iota(all.begin(), all.end(), 1);
+        QCOMPARE(printed, all);  // every entry once, in order, none lost at a break
+        // Every page but the last is full, and full is a plausible page of 10-point lines.
+        const int perPage = qMax(1, int(Captures(pages[0], "Entry (\\d+)").size()));
+        QVERIFY2(entries <= 12 || (perPage >= 40 && perPage <= 80), qPrintable(pages[0]));
+        QCOMPARE(pages.size(), qMax(1, (entries + perPage - 1) / perPage));
+    }
+
+    void linesWrapInsideMargins_data() {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("words") << QStringLiteral("Pay the rent, call the bank. ").repeated(20);
+        QTest::newRow("one unbroken token") << QString(400, QLatin1Char('x'));
+        QTest::newRow("own line break") << "Call the bank\r\nPay the rent";
+    }
+    void linesWrapInsideMargins() {
+        QFETCH(QString, text);
+        const QString file = Print([&](PageWriter& page) { page.Line(text); });
+        QCOMPARE(OutsideMargins(file), QString());
+        QString printed = PdfPages(file).join("");
+        QVERIFY2(printed.trimmed().count('\n') >= 1, qPrintable(printed));
+        static const QRegularExpression blanks("\\s+");
+        QCOMPARE(printed.remove(blanks), QString(text).remove(blanks));  // nothing cut
+    }
+
+    void columns_data() {
+        QTest::addColumn<QStringList>("cells");
+        QTest::addColumn<QList<qreal>>("stops");
+        QTest::addColumn<QStringList>("shown");  // in this order on one line
+        QTest::addColumn<QString>("missing");
+        const QString taxi = "Taxi from the airport to the hotel by the harbour";
+        QTest::newRow("all fit") << QStringList{"05/12/26", "Lunch with client", "42.50"}
+                                 << QList<qreal>{0, 30, 120}
+                                 << QStringList{"05/12/26", "Lunch with client", "42.50"} << "";
+        QTest::newRow("long cell cut")
+            << QStringList{"05/13/26", taxi, "18.00"} << QList<qreal>{0, 30, 60}
+            << QStringList{"05/13/26", "Taxi", "...", "18.00"} << taxi;
+        QTest::newRow("cell without a stop")
+            << QStringList{"Alpha", "Bravo", "Charlie"} << QList<qreal>{0, 40}
+            << QStringList{"Alpha", "Bravo"} << "Charlie";
+    }
+    void columns() {
+        QFETCH(QStringList, cells);
+        QFETCH(QList<qreal>, stops);
+        QFETCH(QStringList, shown);
+        QFETCH(QString, missing);
+        const QString file = Print([&](PageWriter& page) { page.Columns(cells, stops); });
+        const QString line = PdfPages(file).join("").trimmed();
+        QVERIFY2(!line.contains('\n'), qPrintable(line));
+        qsizetype at = 0;
+        for (const QString& cell : shown) {
+            at = line.indexOf(cell, at);
+            QVERIFY2(at >= 0, qPrintable(cell + " not in order in: " + line));
+        }
+        QVERIFY2(missing.isEmpty() || !line.contains(missing), qPrintable(line));
+    }
+
+    void noPrinterOffersPdf_data() {
+        QTest::addColumn<bool>("preview");
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<QString>("written");
+        QTest::newRow("cancelled") << false << QString() << QString();
+        QTest::newRow("name without extension") << false << "mileage" << QString("mileage.pdf");
+        QTest::newRow("preview, own extension") << true << "Mileage.PDF" << QString("Mileage.PDF");
+    }
+    void noPrinterOffersPdf() {
+        QFETCH(bool, preview);
+        QFETCH(QString, answer);
+        QFETCH(QString, written);
+        TestEnv env;
+        QTemporaryDir chosen;
+        env.platform.printer = false;
+        env.dialogs.ExpectMsgBox("Could not find Printer.", vb::OKOnly | vb::Exclamation, "");
+        env.dialogs.ExpectSaveFile(answer.isEmpty() ? answer : chosen.filePath(answer));
+        DesktopPrinter printer(env.dialogs, env.platform);
+        const auto document = [](PageWriter& page) { page.Line("Drove to Springfield 42 miles"); };
+        const bool printed = preview ? printer.Preview("Mileage Report", document)
+                                     : printer.Print("Mileage Report", document);
+        VERIFY_DIALOGS(env.dialogs);
+        QCOMPARE(printed, !written.isEmpty());
+        const QStringList files = QDir(chosen.path()).entryList(QDir::Files);
+        QCOMPARE(files, written.isEmpty() ? QStringList{} : QStringList{written});
+        if (printed)
+            QCOMPARE(PdfPages(chosen.filePath(written)).join("").simplified(),
+                     QStringLiteral("Drove to Springfield 42 miles"));
+    }
+
+    void pdfFilesNamedAfterTitles() {
+        QTemporaryDir folder;
+        PdfPrinter printer(folder.path());
+        QStringList names;
+        for (const QString title : {"To Do List", "To Do List", "Expenses: May/June", " .. "}) {
+            QVERIFY(printer.Print(title, [](PageWriter& page) { page.Line("x"); }));
+            names.append(QFileInfo(printer.files().last()).fileName());
+        }
+        QCOMPARE(names, (QStringList{"To Do List.pdf", "To Do List (2).pdf",
+                                     "Expenses_ May_June.pdf", "Printout.pdf"}));
+        QVERIFY(Run("pdfinfo", {printer.files()[2]})
+                    .contains(QRegularExpression("^Title: +Expenses: May/June$",
+                                                 QRegularExpression::MultilineOption)));
+    }
+
+    void classicFontsResolve_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("Arial") << "Arial";
+        QTest::newRow("Times New Roman") << "Times New Roman";
+        QTest::newRow("MS Sans Serif") << "MS Sans Serif";
+        QTest::newRow("any letter case") << "times new roman";
+        QTest::newRow("unknown, kept as it is") << "Orvanta Display";
+    }
+    void classicFontsResolve() {
+        QFETCH(QString, name);
+        const QFont font = PrintFont(name, 11.5, true);
+        QCOMPARE(font.pointSizeF(), 11.5);
+        QVERIFY(font.bold());
+        if (name == "Orvanta Display")
+            QCOMPARE(font.family(), name);
+        else
+            QCOMPARE(font.family(), QFontInfo(font).family());  // asked for is what gets used
+        QVERIFY(QFontDatabase::families().contains(QFontInfo(font).family()));
+        if (name.contains("Roman", Qt::CaseInsensitive))
+            QVERIFY(font.family() != PrintFont("Arial", 10).family());  // serif, not the sans
+    }
+};
+
+ORVANTA_TEST_MAIN(PrintingTest)
+#include "tst_printing.moc"
