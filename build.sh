@@ -1,9 +1,12 @@
 #!/usr/bin/env bash
-# Installs what is missing (Debian 12 packages), builds Orvanta, and then either starts it or
-# runs the whole test suite.
+# Installs what is missing (Debian 12 packages), builds Orvanta, and then starts it, runs the
+# whole test suite, runs it under the sanitizers, or fuzzes the data-file readers.
 #
 #   ./build.sh run [orvanta options]   build and start the program
 #   ./build.sh test                    build (warnings are errors) and run every test
+#   ./build.sh sanitize                build with AddressSanitizer and UndefinedBehaviorSanitizer
+#                                      into build-asan and run every test there
+#   ./build.sh fuzz [seconds]          fuzz each data-file reader (fuzz/run.sh, default 20 s)
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -26,9 +29,11 @@ install_missing() {
 }
 
 build() {
-    local werror=$1
-    cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORVANTA_WERROR="$werror" >/dev/null
-    cmake --build build --parallel
+    local dir=$1 werror=$2
+    shift 2
+    cmake -S . -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORVANTA_WERROR="$werror" \
+        "$@" >/dev/null
+    cmake --build "$dir" --parallel
 }
 
 command=${1:-run}
@@ -36,7 +41,7 @@ command=${1:-run}
 case "$command" in
     run)
         install_missing
-        build OFF
+        build build OFF
         if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
             echo "Orvanta is built (build/orvanta), but no display was found to show its window."
             echo "To run it without a screen, start it under a virtual display:"
@@ -47,12 +52,24 @@ case "$command" in
         ;;
     test)
         install_missing
-        build ON
+        build build ON
         cd build
         ctest --output-on-failure --parallel "$(nproc)"
         ;;
+    sanitize)
+        install_missing
+        build build-asan OFF -DORVANTA_SANITIZE=ON -DORVANTA_BENCH=OFF
+        export ASAN_OPTIONS=detect_leaks=1:halt_on_error=1
+        export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+        cd build-asan
+        ctest --output-on-failure --parallel "$(nproc)"
+        ;;
+    fuzz)
+        install_missing
+        exec fuzz/run.sh "$@"
+        ;;
     *)
-        echo "usage: $0 run [orvanta options] | $0 test" >&2
+        echo "usage: $0 run [orvanta options] | $0 test | $0 sanitize | $0 fuzz [seconds]" >&2
         exit 2
         ;;
 esac

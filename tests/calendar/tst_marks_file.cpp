@@ -83,6 +83,8 @@ void MarksFileTest::malformedLineEndsReadingKeepingEarlierLines_data() {
     QTest::newRow("empty") << QByteArray("") << 13 << "Type mismatch";
     QTest::newRow("letter in index") << QByteArray("0a:01:00:255") << 13 << "Type mismatch";
     QTest::newRow("colour not a number") << QByteArray("00:01:00:red") << 13 << "Type mismatch";
+    QTest::newRow("dash before colour")
+        << QByteArray("00:01:00--8") << 5 << "Invalid procedure call or argument";
     QTest::newRow("month 12") << QByteArray("12:00:00:255") << 9 << "Subscript out of range";
     QTest::newRow("weekday 7") << QByteArray("00:07:00:255") << 9 << "Subscript out of range";
 }
