@@ -10,6 +10,7 @@
 class QComboBox;
 class QGroupBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QMdiArea;
 class QTimer;
@@ -68,6 +69,8 @@ protected:
 private:
     void BuildPanels();
     QWidget* BuildTopPanel();
+    QLayout* BuildTodayRow();
+    QLayout* BuildSelectorRow();
     QWidget* BuildRightPanel();
     QWidget* BuildBottomPanel();
     QWidget* BuildBottomStrip();

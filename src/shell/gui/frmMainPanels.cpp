@@ -50,6 +50,13 @@ QLabel* Picture(const QString& name, const QPixmap& pixmap, const QString& toolT
     return label;
 }
 
+// A list of the right panel, which may shrink to a few rows on a small screen.
+QListWidget* SmallList(const QString& name) {
+    auto* list = Named(new QListWidget, name);
+    list->setMinimumHeight(40);
+    return list;
+}
+
 QFrame* Panel(const QString& name) {
     auto* frame = Named(new QFrame, name);
     frame->setFrameShape(QFrame::StyledPanel);
@@ -83,23 +90,44 @@ void frmMain::BuildPanels() {
     setCentralWidget(central);
 }
 
-QWidget* frmMain::BuildTopPanel() {
-    QFrame* top = Panel(QStringLiteral("picTop"));
-    auto* grid = new QGridLayout(top);
-    grid->setContentsMargins(6, 4, 6, 4);
-
+// The top panel's first row: today's date, the birthday and alert indicators, the template.
+QLayout* frmMain::BuildTodayRow() {
+    auto* row = new QHBoxLayout;
     lblToday_ = Label(QStringLiteral("lblToday"), QString());
     QFont big = lblToday_->font();
     big.setPointSizeF(big.pointSizeF() * 1.3);
     big.setBold(true);
     lblToday_->setFont(big);
-    grid->addWidget(lblToday_, 0, 0, 1, 4);
-    auto* templateLabel =
-        Label(QStringLiteral("lblTemplate"), QStringLiteral("Template = Standard"));
-    grid->addWidget(templateLabel, 0, 4, Qt::AlignRight);
+    row->addWidget(lblToday_);
+    row->addStretch(1);
+    for (int i = 0; i < 3; ++i) {
+        row->addWidget(Picture(ArrayName(QStringLiteral("imgBDay"), i), icons::Cake(false),
+                               QStringLiteral("No Birthdays Pending")));
+    }
+    row->addSpacing(12);
+    // Image 0 of imgAlert is the one shown; images 1 and 2 hold its no-alert and alert pictures.
+    const QPixmap bells[3] = {icons::Bell(false), icons::Bell(false), icons::Bell(true)};
+    for (int i = 0; i < 3; ++i) {
+        QLabel* bell = Picture(ArrayName(QStringLiteral("imgAlert"), i), bells[i],
+                               QStringLiteral("No Alerts Pending"));
+        bell->setVisible(i == 0);
+        row->addWidget(bell);
+    }
+    auto* alertButton = Named(new QPushButton(QStringLiteral("No Pending Alerts")),
+                              QStringLiteral("cmdAlert"), QStringLiteral("Click to View"));
+    // The button appears while alerts are pending; until then the label says there are none.
+    alertButton->hide();
+    row->addWidget(alertButton);
+    row->addWidget(Label(QStringLiteral("lblAlert"), QStringLiteral("No Pending Alerts")));
+    row->addSpacing(20);
+    row->addWidget(Label(QStringLiteral("lblTemplate"), QStringLiteral("Template = Standard")));
+    return row;
+}
 
-    auto* selectors = new QHBoxLayout;
-    selectors->addWidget(Label(QStringLiteral("lblSelect"), QStringLiteral("Select >")));
+// The second row: the selectors of the selected date, the views and the date's indicators.
+QLayout* frmMain::BuildSelectorRow() {
+    auto* row = new QHBoxLayout;
+    row->addWidget(Label(QStringLiteral("lblSelect"), QStringLiteral("Select >")));
     cmbMonth_ = Named(new QComboBox, QStringLiteral("cmbMonth"));
     for (int month = 1; month <= 12; ++month)
         cmbMonth_->addItem(datefmt::MonthName(month));
@@ -108,57 +136,45 @@ QWidget* frmMain::BuildTopPanel() {
     for (int year = kFirstYear; year <= kLastYear; ++year)
         cmbYear_->addItem(QString::number(year));
     cmbYear_->setMaxVisibleItems(20);
-    selectors->addWidget(cmbMonth_);
-    selectors->addWidget(cmbDay_);
-    selectors->addWidget(cmbYear_);
-    selectors->addSpacing(12);
-    selectors->addWidget(Label(QStringLiteral("Label1"), QStringLiteral("Months >")));
+    row->addWidget(cmbMonth_);
+    row->addWidget(cmbDay_);
+    row->addWidget(cmbYear_);
+    row->addSpacing(12);
+    row->addWidget(Label(QStringLiteral("Label1"), QStringLiteral("Months >")));
     const QStringList calTips = {QStringLiteral("View 1 Month Calendar"),
                                  QStringLiteral("View 6 Month Calendar"),
                                  QStringLiteral("View Yearly Calendar")};
     const QStringList calLabels = {QStringLiteral("1"), QStringLiteral("6"), QStringLiteral("12")};
     for (int i = 0; i < 3; ++i) {
-        selectors->addWidget(ImageButton(ArrayName(QStringLiteral("imgCal"), i),
-                                         icons::CalendarPage(calLabels[i]), calTips[i]));
+        row->addWidget(ImageButton(ArrayName(QStringLiteral("imgCal"), i),
+                                   icons::CalendarPage(calLabels[i]), calTips[i]));
     }
-    selectors->addSpacing(12);
-    selectors->addWidget(ImageButton(ArrayName(QStringLiteral("imgOpt"), 0), icons::AdvanceArrow(),
-                                     QStringLiteral("Advance Calendar to Selected Date")));
-    selectors->addWidget(ImageButton(ArrayName(QStringLiteral("imgOpt"), 1), icons::NotesPage(),
-                                     QStringLiteral("Open Notes for Selected Date")));
-    selectors->addWidget(ImageButton(ArrayName(QStringLiteral("imgOpt"), 2), icons::PlannerPage(),
-                                     QStringLiteral("Open Planner for Selected Date")));
-    selectors->addSpacing(12);
+    row->addSpacing(12);
+    row->addWidget(ImageButton(ArrayName(QStringLiteral("imgOpt"), 0), icons::AdvanceArrow(),
+                               QStringLiteral("Advance Calendar to Selected Date")));
+    row->addWidget(ImageButton(ArrayName(QStringLiteral("imgOpt"), 1), icons::NotesPage(),
+                               QStringLiteral("Open Notes for Selected Date")));
+    row->addWidget(ImageButton(ArrayName(QStringLiteral("imgOpt"), 2), icons::PlannerPage(),
+                               QStringLiteral("Open Planner for Selected Date")));
+    row->addSpacing(12);
     auto* notes = Picture(QStringLiteral("imgNotes"), icons::NotesPage().pixmap(20, 20),
                           QStringLiteral("Signifies Notes Exists for Hover Date"));
     auto* planner = Picture(QStringLiteral("imgPlanner"), icons::PlannerPage().pixmap(20, 20),
                             QStringLiteral("Signifies a Planner Exists for Hover Date"));
     notes->setEnabled(false);
     planner->setEnabled(false);
-    selectors->addWidget(notes);
-    selectors->addWidget(planner);
-    selectors->addStretch(1);
-    for (int i = 0; i < 3; ++i) {
-        selectors->addWidget(Picture(ArrayName(QStringLiteral("imgBDay"), i), icons::Cake(false),
-                                     QStringLiteral("No Birthdays Pending")));
-    }
-    selectors->addSpacing(12);
-    // Image 0 of imgAlert is the one shown; images 1 and 2 hold its no-alert and alert pictures.
-    const QPixmap bells[3] = {icons::Bell(false), icons::Bell(false), icons::Bell(true)};
-    for (int i = 0; i < 3; ++i) {
-        QLabel* bell = Picture(ArrayName(QStringLiteral("imgAlert"), i), bells[i],
-                               QStringLiteral("No Alerts Pending"));
-        bell->setVisible(i == 0);
-        selectors->addWidget(bell);
-    }
-    auto* alertButton = Named(new QPushButton(QStringLiteral("No Pending Alerts")),
-                              QStringLiteral("cmdAlert"), QStringLiteral("Click to View"));
-    // The button appears while alerts are pending; until then the label says there are none.
-    alertButton->hide();
-    selectors->addWidget(alertButton);
-    selectors->addWidget(Label(QStringLiteral("lblAlert"), QStringLiteral("No Pending Alerts")));
-    grid->addLayout(selectors, 1, 0, 1, 5);
+    row->addWidget(notes);
+    row->addWidget(planner);
+    row->addStretch(1);
+    return row;
+}
 
+QWidget* frmMain::BuildTopPanel() {
+    QFrame* top = Panel(QStringLiteral("picTop"));
+    auto* rows = new QVBoxLayout(top);
+    rows->setContentsMargins(6, 4, 6, 4);
+    rows->addLayout(BuildTodayRow());
+    rows->addLayout(BuildSelectorRow());
     // Working lists of the month's notes, planners and marker categories, kept out of sight.
     for (const char* name :
          {"lstNotes", "lstPlanner", "lstNotes2", "lstPlanner2", "lstMarkerCats"}) {
@@ -174,12 +190,12 @@ QWidget* frmMain::BuildRightPanel() {
     auto* column = new QVBoxLayout(right);
     column->addWidget(
         Label(QStringLiteral("lblBirthdays"), QStringLiteral("Pending Birthdays: Sorted by Name")));
-    column->addWidget(Named(new QListWidget, QStringLiteral("lstBirthdays")), 1);
+    column->addWidget(SmallList(QStringLiteral("lstBirthdays")), 1);
     column->addWidget(Label(QStringLiteral("lblBirthdayDate"), QStringLiteral("Date =")));
     column->addSpacing(6);
     column->addWidget(
         Label(QStringLiteral("lblAlerts"), QStringLiteral("Pending Alerts: Sorted by Message")));
-    column->addWidget(Named(new QListWidget, QStringLiteral("lstAlerts")), 1);
+    column->addWidget(SmallList(QStringLiteral("lstAlerts")), 1);
     column->addWidget(Label(QStringLiteral("lblAlertDate"), QStringLiteral("Alert Date =")));
     column->addSpacing(6);
 
@@ -194,13 +210,16 @@ QWidget* frmMain::BuildRightPanel() {
     column->addWidget(Named(new QComboBox, QStringLiteral("cmbHelp")));
     auto* txtHelp = Named(new QPlainTextEdit, QStringLiteral("txtHelp"));
     txtHelp->setReadOnly(true);
+    txtHelp->setMinimumHeight(60);
     column->addWidget(txtHelp, 2);
     return right;
 }
 
 QWidget* frmMain::BuildBottomPanel() {
     QFrame* bottom = Panel(QStringLiteral("picBottom"));
-    bottom->setFixedHeight(190);
+    // The bottom panel gives way first on a small screen.
+    bottom->setMinimumHeight(110);
+    bottom->setMaximumHeight(190);
     auto* row = new QHBoxLayout(bottom);
     framTasks_ =
         Named(new QGroupBox(QStringLiteral("Tasks for January")), QStringLiteral("framTasks"));
