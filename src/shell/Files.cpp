@@ -10,20 +10,27 @@
 
 namespace {
 
-// The entry of dir called name in any letter case, of the kind asked for, or empty.
-QString MatchEntry(const QString& dir, const QString& name, QDir::Filters kind) {
-    const QString exact = dir + name;
-    const QFileInfo exactInfo(exact);
-    if (exactInfo.exists() && ((kind & QDir::Dirs) ? exactInfo.isDir() : !exactInfo.isDir()))
-        return exact;
-    const QDir listing(dir);
+// The paths of the entries of dir of the kind asked for (files or folders) called name in any
+// letter case, hidden and system entries included.
+QStringList EntriesSpelledLike(const QString& dir, const QString& name, QDir::Filters kind) {
+    QStringList paths;
     const QStringList entries =
-        listing.entryList(kind | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        QDir(dir).entryList(kind | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const QString& entry : entries) {
         if (entry.compare(name, Qt::CaseInsensitive) == 0)
-            return dir + entry;
+            paths.append(dir + entry);
     }
-    return {};
+    return paths;
+}
+
+// The entry of dir called name in any letter case, of the kind asked for, or empty; an exact
+// spelling wins.
+QString MatchEntry(const QString& dir, const QString& name, QDir::Filters kind) {
+    const QFileInfo exact(dir + name);
+    if (exact.exists() && ((kind & QDir::Dirs) ? exact.isDir() : !exact.isDir()))
+        return dir + name;
+    const QStringList found = EntriesSpelledLike(dir, name, kind);
+    return found.isEmpty() ? QString() : found.first();
 }
 
 QStringList PartsOf(const QString& relative) {
@@ -67,14 +74,15 @@ QString PathForWriting(const QString& folder, const QString& name) {
 }
 
 QStringList FilesSpelledLike(const QString& dir, const QString& name) {
-    QStringList paths;
-    const QStringList entries =
-        QDir(dir).entryList(QDir::Files | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    for (const QString& entry : entries) {
-        if (entry.compare(name, Qt::CaseInsensitive) == 0)
-            paths.append(dir + entry);
-    }
-    return paths;
+    return EntriesSpelledLike(dir, name, QDir::Files);
+}
+
+QString BackupName(const QString& name) {
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    const qsizetype slash =
+        std::max(name.lastIndexOf(QLatin1Char('/')), name.lastIndexOf(QLatin1Char('\\')));
+    const QString stem = dot > slash ? name.left(dot) : name;
+    return stem + QStringLiteral(".bak");
 }
 
 bool FolderExists(Dialogs& dialogs, const QString& parent, const QString& name, QString* realPath) {

@@ -30,6 +30,9 @@ QString PathForWriting(const QString& folder, const QString& name);
 // case, the exact spelling included.
 QStringList FilesSpelledLike(const QString& dir, const QString& name);
 
+// The backup name of a file name: its extension replaced by ".bak".
+QString BackupName(const QString& name);
+
 // True when parent holds a folder called name (case-insensitive). When parent cannot be listed
 // it says so in a message box and returns false.
 bool FolderExists(Dialogs& dialogs, const QString& parent, const QString& name,

@@ -44,7 +44,4 @@ QString JoinLines(const QStringList& lines);
 // it was.
 void WriteWithBackup(const QString& folder, const QString& name, const QString& content);
 
-// The backup name of a file name: its extension replaced by ".bak".
-QString BackupName(const QString& name);
-
 }  // namespace textfile

@@ -223,7 +223,7 @@ void TextFilesTest::backupNames_data() {
 void TextFilesTest::backupNames() {
     QFETCH(QString, name);
     QFETCH(QString, backup);
-    QCOMPARE(textfile::BackupName(name), backup);
+    QCOMPARE(BackupName(name), backup);
 }
 
 void TextFilesTest::writeWithBackup_data() {
