@@ -1,12 +1,18 @@
-// Start-up: the files a new data folder receives, one copy per data folder, and the command
-// line of the program itself.
+// Start-up: the files a new data folder receives, one running copy per data folder, and the
+// command line of the program itself.
+#include <signal.h>
+
+#include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QSysInfo>
 
 #include "TestEnv.h"
+#include "TestPaths.h"
 #include "Version.h"
 #include "app/FirstStart.h"
 #include "shell/InstanceLock.h"
+#include "shell/ShellMessages.h"
 
 namespace {
 
@@ -21,7 +27,12 @@ struct Run {
     QByteArray err;
 };
 
-Run RunProgram(const QStringList& arguments, const QProcessEnvironment& environment) {
+Run RunProgram(const QStringList& arguments, bool display) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QString::fromLatin1(name));
+    if (display)
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
     QProcess program;
     program.setProcessEnvironment(environment);
     program.start(QStringLiteral(ORVANTA_BINARY), arguments);
@@ -30,84 +41,92 @@ Run RunProgram(const QStringList& arguments, const QProcessEnvironment& environm
     return {program.exitCode(), program.readAllStandardOutput(), program.readAllStandardError()};
 }
 
-QProcessEnvironment WithoutDisplay() {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        environment.remove(QString::fromLatin1(name));
-    return environment;
-}
-
 }  // namespace
 
 class StartUpTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void newDataFolderReceivesTheHelpTopics() {
+    // Locks live in the user's runtime folder; the tests give them a private one.
+    void initTestCase() {
+        static QTemporaryDir runtime;
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
+    }
+
+    void newDataFolderReceivesTheHelpTopicsButNothingIsOverwritten() {
         TestEnv env;
         QCOMPARE(InstallDefaultFiles(env.state->services), QStringList{"Help_Topics.txt"});
-        const QByteArray help = env.read("Help_Topics.txt");
-        QCOMPARE(help, DefaultHelp());
-        QVERIFY(help.startsWith("*Getting Started:"));
-        QVERIFY(!help.contains('\n') || help.contains("\r\n"));
-        env.state->help.LoadHelpTopics(env.state->services);
-        QVERIFY(env.state->help.TopicCount() > 20);
-        QCOMPARE(env.state->help.topics().first().name, QString("Getting Started"));
+        QCOMPARE(env.read("Help_Topics.txt"), DefaultHelp());
+
+        TestEnv own;
+        own.write("help_topics.TXT", "*Mine:my own help");
+        QCOMPARE(InstallDefaultFiles(own.state->services), QStringList());
+        QCOMPARE(own.read("help_topics.TXT"), "*Mine:my own help");
+        VERIFY_DIALOGS(own.dialogs);
     }
 
-    void existingFilesAreNeverOverwritten() {
-        TestEnv env;
-        env.write("help_topics.TXT", "*Mine:my own help");
-        QCOMPARE(InstallDefaultFiles(env.state->services), QStringList());
-        QCOMPARE(env.read("help_topics.TXT"), QByteArray("*Mine:my own help"));
-        QVERIFY(!env.exists("Help_Topics.txt"));
-        VERIFY_DIALOGS(env.dialogs);
+    void secondCopyOnTheSameFolderIsRefused_data() {
+        QTest::addColumn<QString>("secondSpelling");  // relative to the temporary folder
+        QTest::newRow("same spelling") << "data";
+        QTest::newRow("dot segments") << "other/../data/.";
+        QTest::newRow("through a symbolic link") << "link";
     }
-
     void secondCopyOnTheSameFolderIsRefused() {
-        TestEnv env;
-        InstanceLock first(env.folder());
-        QVERIFY(!RefuseSecondInstance(first, env.dialogs));
-        InstanceLock second(env.folder());
-        env.dialogs.ExpectMsgBox("Another instance of this application is already running.",
-                                 vb::OKOnly | vb::Exclamation, "");
-        QVERIFY(RefuseSecondInstance(second, env.dialogs));
-        VERIFY_DIALOGS(env.dialogs);
+        QFETCH(QString, secondSpelling);
+        QTemporaryDir root;
+        QVERIFY(QDir(root.path()).mkpath("data") && QDir(root.path()).mkpath("other"));
+        QVERIFY(QFile::link(root.filePath("data"), root.filePath("link")));
+        FakeDialogs dialogs;
+        InstanceLock first(root.filePath("data"));
+        QVERIFY(!RefuseSecondInstance(first, dialogs));
+        InstanceLock second(root.path() + "/" + secondSpelling);
+        dialogs.ExpectMsgBox(kSecondInstanceMessage, kWarningStyle, "");
+        QVERIFY(RefuseSecondInstance(second, dialogs));
+        VERIFY_DIALOGS(dialogs);
+        // The data folder itself holds no lock file.
+        QCOMPARE(QDir(root.filePath("data"))
+                     .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList());
     }
 
-    void versionAndHelpNeedNoDisplay() {
-        const Run version = RunProgram({"--version"}, WithoutDisplay());
+    void lockOfACopyThatDiedIsTakenOver() {
+        QProcess child;
+        child.start("/bin/sh", {"-c", "exit 0"});
+        QVERIFY(child.waitForFinished());
+        const qint64 deadPid = child.processId();
+        if (::kill(pid_t(deadPid), 0) == 0)
+            QSKIP("the ended process id is in use again");
+        QTemporaryDir dir;
+        QFile stale(InstanceLock::LockPathFor(dir.path()));
+        QVERIFY(stale.open(QIODevice::WriteOnly));
+        stale.write(QByteArray::number(deadPid) + "\norvanta\n" +
+                    QSysInfo::machineHostName().toUtf8() + "\n");
+        stale.close();
+        InstanceLock lock(dir.path());
+        QVERIFY(lock.TryAcquire());
+    }
+
+    void versionHelpAndTheAdviceToUseXvfbNeedNoDisplay() {
+        const Run version = RunProgram({"--version"}, false);
         QCOMPARE(version.exitCode, 0);
         QCOMPARE(version.out, QByteArray("Orvanta " ORVANTA_VERSION "\n"));
-        const Run help = RunProgram({"--help"}, WithoutDisplay());
+        const Run help = RunProgram({"--help"}, false);
         QCOMPARE(help.exitCode, 0);
         QVERIFY(help.out.contains("--data-dir <DIR>"));
-        QVERIFY(help.out.contains("--version"));
-    }
-
-    void withoutADisplayTheProgramSaysHowToRunIt() {
-        const Run run = RunProgram({}, WithoutDisplay());
+        const Run unknown = RunProgram({"--colour"}, false);
+        QCOMPARE(unknown.exitCode, 2);
+        QVERIFY(unknown.err.contains("colour"));
+        const Run run = RunProgram({}, false);
         QCOMPARE(run.exitCode, 1);
-        QVERIFY(run.err.contains("no display was found"));
         QVERIFY(run.err.contains("xvfb-run -a orvanta"));
     }
 
     void programStartsIntoANewDataFolderAndShowsItsWindow() {
         QTemporaryDir dir;
         const QString folder = dir.path() + "/new folder";
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("QT_QPA_PLATFORM", "offscreen");
-        const Run run = RunProgram({"--data-dir", folder, "--exit-when-shown"}, environment);
+        const Run run = RunProgram({"--data-dir", folder, "--exit-when-shown"}, true);
         QCOMPARE(run.exitCode, 0);
-        QFile help(folder + "/Help_Topics.txt");
-        QVERIFY(help.open(QIODevice::ReadOnly));
-        QCOMPARE(help.readAll(), DefaultHelp());
-    }
-
-    void unknownOptionIsAnError() {
-        const Run run = RunProgram({"--colour"}, WithoutDisplay());
-        QCOMPARE(run.exitCode, 2);
-        QVERIFY(run.err.contains("colour"));
+        QVERIFY(QFile::exists(folder + "/Help_Topics.txt"));
     }
 };
 

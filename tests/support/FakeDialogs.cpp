@@ -2,9 +2,8 @@
 
 namespace {
 
-QString Visible(const QString& text) {
-    QString shown = text;
-    return shown.replace(QStringLiteral("\r"), QStringLiteral("\\r"))
+QString Visible(QString text) {
+    return text.replace(QStringLiteral("\r"), QStringLiteral("\\r"))
         .replace(QStringLiteral("\n"), QStringLiteral("\\n"));
 }
 
@@ -18,63 +17,37 @@ QString Describe(const FakeDialogs::Box& box) {
 
 // The answer a box gets when nobody scripted it: the safest button.
 int DefaultAnswer(int style) {
-    switch (vb::ButtonsOf(style)) {
-        case vb::YesNo:
-            return vb::No;
-        case vb::OKOnly:
-            return vb::OK;
-        default:
-            return vb::Cancel;
-    }
+    const int buttons = vb::ButtonsOf(style);
+    return buttons == vb::YesNo ? vb::No : buttons == vb::OKOnly ? vb::OK : vb::Cancel;
 }
 
 }  // namespace
 
+FakeDialogs& FakeDialogs::Expect(Box box) {
+    expected_.append(std::move(box));
+    return *this;
+}
+
 FakeDialogs& FakeDialogs::ExpectMsgBox(const QString& text, int style, const QString& title,
                                        int answer) {
-    Box box;
-    box.text = text;
-    box.style = style;
-    box.title = title;
-    box.answer = answer;
-    expected_.append(box);
-    return *this;
+    return Expect({Kind::Message, text, style, title, {}, answer, {}, {}});
 }
 
 FakeDialogs& FakeDialogs::ExpectInputBox(const QString& prompt, const QString& title,
                                          const QString& defaultText, const QString& answer) {
-    Box box;
-    box.kind = Kind::Input;
-    box.text = prompt;
-    box.title = title;
-    box.defaultText = defaultText;
-    box.textAnswer = answer;
-    expected_.append(box);
-    return *this;
+    return Expect({Kind::Input, prompt, vb::OKOnly, title, defaultText, vb::OK, answer, {}});
 }
 
 FakeDialogs& FakeDialogs::ExpectOpenFile(const QString& answer) {
-    Box box;
-    box.kind = Kind::OpenFile;
-    box.textAnswer = answer;
-    expected_.append(box);
-    return *this;
+    return Expect({Kind::OpenFile, {}, vb::OKOnly, {}, {}, vb::OK, answer, {}});
 }
 
 FakeDialogs& FakeDialogs::ExpectSaveFile(const QString& answer) {
-    Box box;
-    box.kind = Kind::SaveFile;
-    box.textAnswer = answer;
-    expected_.append(box);
-    return *this;
+    return Expect({Kind::SaveFile, {}, vb::OKOnly, {}, {}, vb::OK, answer, {}});
 }
 
 FakeDialogs& FakeDialogs::ExpectColor(std::optional<quint32> answer) {
-    Box box;
-    box.kind = Kind::Color;
-    box.colorAnswer = answer;
-    expected_.append(box);
-    return *this;
+    return Expect({Kind::Color, {}, vb::OKOnly, {}, {}, vb::OK, {}, answer});
 }
 
 QString FakeDialogs::Problems() const {
@@ -97,13 +70,12 @@ std::optional<FakeDialogs::Box> FakeDialogs::Take(const Box& actual) {
         return std::nullopt;
     }
     const Box expected = expected_.takeFirst();
-    const bool filePicker = actual.kind == Kind::OpenFile || actual.kind == Kind::SaveFile ||
-                            actual.kind == Kind::Color;
+    // Pickers are matched by their kind alone; boxes by their text, style, title and default.
+    const bool picker = actual.kind != Kind::Message && actual.kind != Kind::Input;
     const bool same =
         expected.kind == actual.kind &&
-        (filePicker ||
-         (expected.text == actual.text && expected.style == actual.style &&
-          expected.title == actual.title && expected.defaultText == actual.defaultText));
+        (picker || (expected.text == actual.text && expected.style == actual.style &&
+                    expected.title == actual.title && expected.defaultText == actual.defaultText));
     if (!same) {
         problems_.append(QStringLiteral("expected: ") + Describe(expected) +
                          QStringLiteral("\n     shown: ") + Describe(actual));
@@ -112,45 +84,27 @@ std::optional<FakeDialogs::Box> FakeDialogs::Take(const Box& actual) {
 }
 
 int FakeDialogs::MsgBox(const QString& text, int style, const QString& title) {
-    Box actual;
-    actual.text = text;
-    actual.style = style;
-    actual.title = title;
-    const auto box = Take(actual);
+    const auto box = Take({Kind::Message, text, style, title, {}, vb::OK, {}, {}});
     return box ? box->answer : DefaultAnswer(style);
 }
 
 QString FakeDialogs::InputBox(const QString& prompt, const QString& title,
                               const QString& defaultText) {
-    Box actual;
-    actual.kind = Kind::Input;
-    actual.text = prompt;
-    actual.title = title;
-    actual.defaultText = defaultText;
-    const auto box = Take(actual);
+    const auto box = Take({Kind::Input, prompt, vb::OKOnly, title, defaultText, vb::OK, {}, {}});
     return box ? box->textAnswer : QString();
 }
 
 QString FakeDialogs::OpenFileName(const QString& caption, const QString&, const QString&) {
-    Box actual;
-    actual.kind = Kind::OpenFile;
-    actual.text = caption;
-    const auto box = Take(actual);
+    const auto box = Take({Kind::OpenFile, caption, vb::OKOnly, {}, {}, vb::OK, {}, {}});
     return box ? box->textAnswer : QString();
 }
 
 QString FakeDialogs::SaveFileName(const QString& caption, const QString&, const QString&) {
-    Box actual;
-    actual.kind = Kind::SaveFile;
-    actual.text = caption;
-    const auto box = Take(actual);
+    const auto box = Take({Kind::SaveFile, caption, vb::OKOnly, {}, {}, vb::OK, {}, {}});
     return box ? box->textAnswer : QString();
 }
 
 std::optional<quint32> FakeDialogs::PickColor(quint32, const QString& title) {
-    Box actual;
-    actual.kind = Kind::Color;
-    actual.title = title;
-    const auto box = Take(actual);
+    const auto box = Take({Kind::Color, {}, vb::OKOnly, title, {}, vb::OK, {}, {}});
     return box ? box->colorAnswer : std::nullopt;
 }

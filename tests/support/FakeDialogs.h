@@ -55,6 +55,7 @@ public:
     std::optional<quint32> PickColor(quint32 initial, const QString& title) override;
 
 private:
+    FakeDialogs& Expect(Box box);
     // The expected box matching what is shown now, or nullopt (problem recorded).
     std::optional<Box> Take(const Box& actual);
 

@@ -1,0 +1,151 @@
+#!/usr/bin/env python3
+"""Breaks the program on purpose, one place at a time, and records which tests notice.
+
+Each mutant replaces one piece of source text with a wrong one (a byte of a file format, a
+message, an order of calls, a boundary). For every mutant the script rebuilds, runs the whole
+suite and lists the tests that failed; a mutant no test catches is a hole in the suite.
+
+    tools/mutants.py [build-dir] [--only N,N...]      (from the repository root)
+
+The source is always restored, also when the script is interrupted.
+"""
+import subprocess
+import sys
+from pathlib import Path
+
+MUTANTS = [
+    # (file under src/, text, replacement, what breaks)
+    ("calendar/modMarks.cpp", "line += QLatin1Char(':');\n    AppendTwoDigits(line, mark.cell.weekday);",
+     "line += QLatin1Char(';');\n    AppendTwoDigits(line, mark.cell.weekday);", "marks: byte of the separator"),
+    ("calendar/modMarks.cpp", "line += QLatin1Char('-') + mark.hover;", "line += QLatin1Char('~') + mark.hover;",
+     "marks: hover separator"),
+    ("calendar/modMarks.cpp", "constexpr qsizetype kHoverSearchStart = 8;", "constexpr qsizetype kHoverSearchStart = 11;",
+     "marks: where the hover text may start"),
+    ("calendar/modMarks.cpp", "if (value < 0 || value >= limit)", "if (value < 0 || value > limit)",
+     "marks: index boundary"),
+    ("calendar/modMarks.cpp", "        tables.Clear();\n", "", "marks: a read keeps the old year's marks"),
+    ("calendar/modMarks.cpp", "if (services_.RefuseSaveAfterPartialRead(partlyRead[year], fileName))",
+     "if (false)", "marks: saving over a partly read file"),
+    ("calendar/modMarks.cpp", "const qint32 holiday = static_cast<qint32>(colors_.Color(MarkerColors::kHoliday));",
+     "const qint32 holiday = static_cast<qint32>(colors_.Color(MarkerColors::kBirthday));",
+     "marks: delete keeps holidays"),
+    ("calendar/modMarks.cpp", "    ReadYear(Year::This, \"RestoreThisYearsMarks\", BackupFileName(year));\n    SaveThisYearsMarks();",
+     "    ReadYear(Year::This, \"RestoreThisYearsMarks\", BackupFileName(year));", "marks: restore is not saved"),
+    ("shell/TextFile.cpp", 'return lines.join(QStringLiteral("\\r\\n"));', 'return lines.join(QStringLiteral("\\n"));',
+     "files: line end"),
+    ("shell/TextFile.cpp", "if (c->unicode() != u'\\r' && c->unicode() != u'\\n')", "if (c->unicode() != u'\\n')",
+     "files: a lone CR ends a line"),
+    ("shell/TextFile.cpp", "    if (encoder.hasError())\n        Raise(", "    if (false)\n        Raise(",
+     "files: unstorable character written"),
+    ("shell/Files.cpp", 'return stem + QStringLiteral(".bak");', 'return stem + QStringLiteral(".BAK");',
+     "files: backup name"),
+    ("shell/ErrorLog.cpp", "ok = ok && position <= kErrorLogLimit;", "ok = ok && position < kErrorLogLimit;",
+     "error log: size limit boundary"),
+    ("shell/ErrorLog.cpp", 'QStringLiteral("An error occurred in ")', 'QStringLiteral("An error occured in ")',
+     "error log: report text"),
+    ("shell/ErrorLog.cpp", "        ClearAttributes(path);\n", "", "error log: read-only log"),
+    ("shell/Files.cpp", "if (entry.compare(name, Qt::CaseInsensitive) == 0)", "if (entry.compare(name) == 0)",
+     "files: letter case of names"),
+    ("shell/Files.cpp", 'kFolderCheckFailed + kCrLf + QStringLiteral("Error Number: ")',
+     'kFolderCheckFailed + kCrLf + QStringLiteral("Error number: ")', "folder check message"),
+    ("shell/Prompts.cpp", 'QStringLiteral("/\\\\:*?<>|")', 'QStringLiteral("/\\\\:*?<>")', "file names: bar allowed"),
+    ("shell/Prompts.cpp", "[&] { flags.MonthIconsChanged = flags.TemplateMode = false; }))\n        return;",
+     "[&] { flags.MonthIconsChanged = flags.TemplateMode = false; }))\n        (void)0;", "prompts: cancel goes on asking"),
+    ("shell/Prompts.cpp", "flags.MonthIconsChanged = flags.TemplateMode = false;", "flags.MonthIconsChanged = false;",
+     "prompts: No keeps template mode"),
+    ("calendar/DateModel.cpp", "if (++cursorWeekday > 7) {", "if (++cursorWeekday > 6) {", "date grid: week rows"),
+    ("calendar/DateModel.cpp", "        ReadYearStores();\n        emit yearChanged", "        emit yearChanged",
+     "date model: stores not read on a change of year"),
+    ("shell/DateFormats.cpp", "    if (year - nearYear > 50)\n        return year - 100;",
+     "    if (year - nearYear >= 50)\n        return year - 100;", "dates: nearest century boundary"),
+    ("shell/DateFormats.cpp", 'QStringLiteral("M/d/yyyy h:mm:ss AP")', 'QStringLiteral("M/d/yyyy hh:mm:ss AP")',
+     "dates: General Date format"),
+    ("calendar/DayGrid.cpp", "cell.week < 0 || cell.week >= kWeekRows)", "cell.week < 0 || cell.week > kWeekRows)",
+     "cell codes: week row 6 accepted"),
+    ("calendar/MarkerColors.cpp", "const qsizetype colon = line.lastIndexOf(QLatin1Char(':'));",
+     "const qsizetype colon = line.indexOf(QLatin1Char(':'));", "marker colours: caption holding a colon"),
+    ("calendar/MarkerColors.cpp", '(entry.hidden ? QStringLiteral("*") : QString())',
+     '(entry.hidden ? QStringLiteral("+") : QString())', "marker colours: hidden mark byte"),
+    ("calendar/MarkerColors.cpp", "        if (other != i && entries_[other].color == rgb)\n            return",
+     "        if (false)\n            return", "marker colours: shared colour accepted"),
+    ("calendar/MarkerColors.h", "static constexpr int kQuickMarkColor = 10;", "static constexpr int kQuickMarkColor = 12;",
+     "quick mark colour entry"),
+    ("calendar/DateActions.cpp", "        if (category == colors_.Color(MarkerColors::kBirthday)) {\n            services_.dialogs.MsgBox(kUseBirthdayManagerMessage",
+     "        if (category == colors_.Color(MarkerColors::kBirthday)) {\n            services_.dialogs.MsgBox(kUseHolidayManagerMessage",
+     "date actions: wrong manager named"),
+    ("calendar/DateActions.cpp", "        marks_.SaveNextYearsMarks();\n        marks_.ReadAndDisplayNextYearsMarks();\n        marks_.SaveThisYearsMarks();\n        marks_.ReadAndDisplayThisYearsMarks();",
+     "        marks_.SaveThisYearsMarks();\n        marks_.ReadAndDisplayThisYearsMarks();\n        marks_.SaveNextYearsMarks();\n        marks_.ReadAndDisplayNextYearsMarks();",
+     "date actions: quick mark order"),
+    ("calendar/DateActions.cpp", "        if (answer.isEmpty())\n            return;\n        if (answer.contains",
+     "        if (answer.contains", "date actions: cancel clears the hover note"),
+    ("calendar/DateActions.cpp", "        case ViewKind::SixMonths:\n            return display_.Show6MonthCalendar();",
+     "        case ViewKind::SixMonths:\n            return display_.Show1MonthCalendar();", "date actions: view redrawn"),
+    ("shell/ShellCommands.cpp", 'QStringLiteral("^[A-Z]$")', 'QStringLiteral("^[A-Z]+$")', "share drive letter"),
+    ("shell/ShellCommands.cpp", "        if (!FileExists(services_.AppFolder, kErrorLogFile, &path)) {",
+     "        if (!FileExists(services_.AppFolder, kErrorLogFile, &path) && false) {", "error log not found"),
+    ("shell/UserPreferences.cpp", "const qsizetype colon = line.indexOf(QLatin1Char(':'));",
+     "const qsizetype colon = line.lastIndexOf(QLatin1Char(':'));", "preferences: value holding a colon"),
+    ("shell/gui/frmMain.cpp", "        if (IsChildOpen(name))\n            return", "        if (name == kWindowsConfirmedOnClose.first() && IsChildOpen(name))\n            return",
+     "closing: only the planner asks"),
+    ("shell/gui/frmMain.cpp", "if (changes_.CancelRequested || !AskToClose()) {", "if (!AskToClose()) {",
+     "closing: cancel in a question closes"),
+    ("calendar/gui/CalendarView.cpp", "    if (event->button() == Qt::LeftButton)\n        Select(DateAt(event->position().toPoint()));",
+     "    if (event->button() == Qt::LeftButton) {\n        Select(DateAt(event->position().toPoint()));\n        ScrollTo(dates_.SelectedDate);\n    }",
+     "six-month view: a click moves the sheets"),
+    ("help/modHelp.cpp", "const qsizetype colon = topic.text.indexOf(QLatin1Char(':'));",
+     "const qsizetype colon = topic.text.lastIndexOf(QLatin1Char(':'));", "help: topic name"),
+    ("help/modHelp.cpp", "if (topics_[i].text.contains(phrase, Qt::CaseInsensitive))", "if (topics_[i].text.contains(phrase))",
+     "help: search ignores case"),
+    ("help/gui/frmHelp.cpp", "const int hit = topics_.FindPhrase(phrase, again ? lastHit_ + 1 : 0);",
+     "const int hit = topics_.FindPhrase(phrase, again ? lastHit_ : 0);", "help: find again"),
+    ("help/gui/HelpMenus.cpp", 'const QString kFirstTopic = QStringLiteral("Getting Started");',
+     'const QString kFirstTopic = QStringLiteral("Getting started");', "help box: first topic"),
+    ("shell/InstanceLock.cpp", "const QByteArray key = (canonical.isEmpty() ? appFolder : canonical).toUtf8();",
+     "const QByteArray key = appFolder.toUtf8();", "single instance: same folder spelt otherwise"),
+    ("shell/gui/ChildWindow.cpp", "connect(escape, &QShortcut::activated, this, &ChildWindow::CloseWindow);", "",
+     "child windows: Esc closes"),
+    ("shell/gui/frmMain.cpp", "        setGeometry(place.intersected(free));", "        setGeometry(free);",
+     "main window: remembered place"),
+]
+
+
+def run(command, cwd):
+    return subprocess.run(command, cwd=cwd, capture_output=True, text=True)
+
+
+def main():
+    root = Path(__file__).resolve().parent.parent
+    args = [a for a in sys.argv[1:] if not a.startswith("--only")]
+    build = root / (args[0] if args else "build")
+    only = None
+    for a in sys.argv[1:]:
+        if a.startswith("--only="):
+            only = {int(n) for n in a.split("=", 1)[1].split(",")}
+    missed = 0
+    for number, (name, text, replacement, what) in enumerate(MUTANTS, 1):
+        if only and number not in only:
+            continue
+        path = root / "src" / name
+        original = path.read_text()
+        if original.count(text) != 1:
+            print(f"{number:2} {what}: text not found once in {name}", flush=True)
+            continue
+        try:
+            path.write_text(original.replace(text, replacement))
+            built = run(["cmake", "--build", str(build)], root)
+            if built.returncode != 0:
+                print(f"{number:2} {what}: does not build", flush=True)
+                continue
+            tests = run(["ctest", "-j2", "--timeout", "120"], build)
+            failed = sorted({line.split(" - ")[1].split(" ")[0]
+                             for line in tests.stdout.splitlines() if " - " in line and "(" in line})
+            missed += not failed
+            print(f"{number:2} {what}: {', '.join(failed) or 'NOT CAUGHT'}", flush=True)
+        finally:
+            path.write_text(original)
+    run(["cmake", "--build", str(build)], root)
+    print(f"{len(MUTANTS)} mutants, {missed} not caught")
+
+
+if __name__ == "__main__":
+    main()
