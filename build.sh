@@ -65,6 +65,8 @@ case "$command" in
         ctest --output-on-failure --parallel "$(nproc)"
         ;;
     fuzz)
+        # clang with its libFuzzer and sanitizer runtimes, for the fuzz targets only.
+        PACKAGES+=(clang libclang-rt-14-dev)
         install_missing
         exec fuzz/run.sh "$@"
         ;;

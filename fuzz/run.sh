@@ -4,31 +4,16 @@
 # non-zero, naming the target, on any crash, leak, timeout or sanitizer report; the input that
 # caused it is kept in build-fuzz/artifacts/<target>/.
 #
-#   fuzz/run.sh [seconds-per-target]     (default 20)
+#   fuzz/run.sh [seconds-per-target]     (default 20; ./build.sh fuzz installs clang first)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 seconds=${1:-20}
-TARGETS=(fuzz_marks fuzz_marker_colors fuzz_user_preferences fuzz_help_topics fuzz_text_file)
-# clang and its libFuzzer/sanitizer runtimes; the rest is what any build of Orvanta needs.
-PACKAGES=(clang libclang-rt-14-dev cmake ninja-build qt6-base-dev)
-
-install_missing() {
-    local missing=() package
-    for package in "${PACKAGES[@]}"; do
-        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "ok installed" ||
-            missing+=("$package")
-    done
-    [ ${#missing[@]} -eq 0 ] && return 0
-    local sudo=""
-    [ "$(id -u)" -ne 0 ] && sudo="sudo"
-    echo "Installing: ${missing[*]}"
-    export DEBIAN_FRONTEND=noninteractive
-    $sudo apt-get install -y --no-install-recommends "${missing[@]}" ||
-        { $sudo apt-get update && $sudo apt-get install -y --no-install-recommends "${missing[@]}"; }
-}
-
-install_missing
+# One target per fuzz/fuzz_<reader>.cpp.
+TARGETS=()
+for source in fuzz/fuzz_*.cpp; do
+    TARGETS+=("$(basename "$source" .cpp)")
+done
 CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
     -DORVANTA_FUZZ=ON >/dev/null
 cmake --build build-fuzz --parallel
