@@ -53,7 +53,7 @@ MUTANTS = [
      "[&] { flags.MonthIconsChanged = flags.TemplateMode = false; }))\n        (void)0;", "prompts: cancel goes on asking"),
     ("shell/Prompts.cpp", "flags.MonthIconsChanged = flags.TemplateMode = false;", "flags.MonthIconsChanged = false;",
      "prompts: No keeps template mode"),
-    ("calendar/DateModel.cpp", "if (++cursorWeekday > 7) {", "if (++cursorWeekday > 6) {", "date grid: week rows"),
+    ("calendar/DateModel.cpp", "if (++CursorWeekday > 7) {", "if (++CursorWeekday > 6) {", "date grid: week rows"),
     ("calendar/DateModel.cpp", "        ReadYearStores();\n        emit yearChanged", "        emit yearChanged",
      "date model: stores not read on a change of year"),
     ("shell/DateFormats.cpp", "    if (year - nearYear > 50)\n        return year - 100;",

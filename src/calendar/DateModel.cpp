@@ -10,25 +10,26 @@ qint16 WeekdayColumn(const QDate& date) {
 }
 
 // Lays the days of year into holder month by month, a month's rows starting with the row of
-// its 1st, and returns the number of days.
+// its 1st, and returns the number of days. The cursor (the day being placed, its weekday
+// column counted from 1 = Sunday and its week row from 1) lives only while the holder fills.
 int FillHolder(DateHolderGrid& holder, int year) {
-    QDate cursorDate(year, 1, 1);
-    const int days = static_cast<int>(cursorDate.daysTo(QDate(year, 12, 31))) + 1;
-    int month = cursorDate.month();
-    int cursorWeekday = WeekdayColumn(cursorDate);
-    int cursorWeek = 1;
+    QDate CursorDate(year, 1, 1);
+    const int days = static_cast<int>(CursorDate.daysTo(QDate(year, 12, 31))) + 1;
+    int month = CursorDate.month();
+    int CursorWeekday = WeekdayColumn(CursorDate);
+    int CursorWeek = 1;
     for (int i = 0; i < days; ++i) {
-        if (cursorDate.month() > month) {
-            month = cursorDate.month();
-            cursorWeekday = WeekdayColumn(cursorDate);
-            cursorWeek = 1;
+        if (CursorDate.month() > month) {
+            month = CursorDate.month();
+            CursorWeekday = WeekdayColumn(CursorDate);
+            CursorWeek = 1;
         }
-        holder.at(month - 1, cursorWeekday - 1, cursorWeek - 1) = datefmt::MmDdYy(cursorDate);
-        if (++cursorWeekday > 7) {
-            cursorWeekday = 1;
-            ++cursorWeek;
+        holder.at(month - 1, CursorWeekday - 1, CursorWeek - 1) = datefmt::MmDdYy(CursorDate);
+        if (++CursorWeekday > 7) {
+            CursorWeekday = 1;
+            ++CursorWeek;
         }
-        cursorDate = cursorDate.addDays(1);
+        CursorDate = CursorDate.addDays(1);
     }
     return days;
 }

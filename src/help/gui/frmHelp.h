@@ -15,6 +15,8 @@ public:
     frmHelp(const HelpTopics& topics, Services& services, QWidget* parent = nullptr);
 
     void SelectTopic(int topic);
+    // Room for the descriptions to be read without scrolling much.
+    QSize sizeHint() const override { return QSize(760, 500); }
 
     // index 0: "Find Now" (from the first topic), 1: "Find Again" (after the last hit).
     void cmdSearch_Click(int index);

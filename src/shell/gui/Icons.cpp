@@ -54,9 +54,13 @@ QPixmap OrvantaSheet(int size) {
 }  // namespace
 
 QIcon Orvanta() {
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
-        icon.addPixmap(OrvantaSheet(size));
+    // Drawn once, at the sizes window frames and task bars ask for.
+    static const QIcon icon = [] {
+        QIcon sizes;
+        for (const int size : {16, 24, 32, 48, 64, 128})
+            sizes.addPixmap(OrvantaSheet(size));
+        return sizes;
+    }();
     return icon;
 }
 
