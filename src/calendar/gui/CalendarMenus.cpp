@@ -46,16 +46,20 @@ CalendarMenus::CalendarMenus(frmMain& frame, Services& services, DateModel& date
       dates_(dates),
       colors_(colors),
       marks_(marks),
-      actions_(std::make_unique<DateActions>(services, dates, colors, marks, *this)) {
+      actions_(std::make_unique<DateActions>(services, dates, colors, marks, *this)),
+      today_(services.clock.today()) {
     ConnectViews();
     ConnectMarkMenus();
     AddDayDecorator([this](const QDate& date, DayLook& look) {
         marks_.Decorate(date, look);
-        if (date == services_.clock.today() && !colors_.Hidden(MarkerColors::kTodaysDate))
+        if (date == today_ && !colors_.Hidden(MarkerColors::kTodaysDate))
             look.todayColor = colors_.Color(MarkerColors::kTodaysDate);
     });
     connect(&marks_, &DateMarks::marksRead, this, &CalendarMenus::RedrawCalendar);
-    connect(&frame_, &frmMain::todayChanged, this, &CalendarMenus::RedrawCalendar);
+    connect(&frame_, &frmMain::todayChanged, this, [this](const QDate& today) {
+        today_ = today;
+        RedrawCalendar();
+    });
 }
 
 CalendarMenus::~CalendarMenus() = default;

@@ -67,5 +67,7 @@ private:
     MarkerColors& colors_;
     DateMarks& marks_;
     std::unique_ptr<DateActions> actions_;
+    // The day painted in the "Today's Date" colour, moved on at midnight.
+    QDate today_;
     QList<DayDecorator> decorators_;
 };

@@ -169,6 +169,7 @@ QRect CalendarView::DayRect(const QDate& date) const {
 
 void CalendarView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    today_ = clock_.today();
     painter.fillRect(rect(), palette().base());
     for (const Sheet& sheet : Layout())
         PaintSheet(painter, sheet);
@@ -242,7 +243,7 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
 
     QFont dayFont = font();
     dayFont.setPointSizeF(font().pointSizeF() * (Large() ? 1.2 : 0.85));
-    dayFont.setBold(Large() || date == clock_.today());
+    dayFont.setBold(Large() || date == today_);
     painter.setFont(dayFont);
     painter.setPen(ink);
     const QRect inner = cell.adjusted(5, 3, -5, -3);

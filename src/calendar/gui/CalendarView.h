@@ -80,4 +80,6 @@ private:
     ViewKind kind_ = ViewKind::OneYear;
     // The month of the first sheet of the six-month view.
     QDate firstShown_;
+    // Today, asked of the clock once per paint.
+    QDate today_;
 };
