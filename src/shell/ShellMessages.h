@@ -23,6 +23,11 @@ inline QString PartlyReadFileMessage(const QString& fileName) {
         .arg(fileName);
 }
 
+// ---- printing ---------------------------------------------------------------------------
+inline const QString kNoPrinterMessage = QStringLiteral("Could not find Printer.");
+inline const QString kSaveAsPdfCaption = QStringLiteral("Save as PDF");
+inline const QString kPdfFilter = QStringLiteral("PDF files (*.pdf)");
+
 // ---- start-up and closing ---------------------------------------------------------------
 inline const QString kSecondInstanceMessage =
     QStringLiteral("Another instance of this application is already running.");

@@ -7,6 +7,7 @@
 #include <numeric>
 
 #include "TestEnv.h"
+#include "shell/ShellMessages.h"
 #include "shell/gui/Printing.h"
 
 namespace {
@@ -102,6 +103,20 @@ private slots:
         QCOMPARE(printed.remove(blanks), QString(text).remove(blanks));  // nothing cut
     }
 
+    // Rows cut to their columns, a rule and text placed by coordinates, in order on the page.
+    void columnsRulesAndPlacedText() {
+        const QString file = Print([](PageWriter& page) {
+            page.Columns({"05/13/26", "Taxi from the airport to the harbour hotel", "18.00"},
+                         {0, 30, 60});
+            page.Rule();
+            page.TextAt({0, 40}, "Placed below");
+        });
+        const QString text = PdfPages(file).join("").simplified();
+        QVERIFY2(text.startsWith("05/13/26 Taxi") && text.contains("... 18.00 Placed below") &&
+                     !text.contains("harbour"),
+                 qPrintable(text));
+    }
+
     void noPrinterOffersPdf_data() {
         QTest::addColumn<bool>("preview");
         QTest::addColumn<QString>("answer");
@@ -117,7 +132,7 @@ private slots:
         TestEnv env;
         QTemporaryDir chosen;
         env.platform.printer = false;
-        env.dialogs.ExpectMsgBox("Could not find Printer.", vb::OKOnly | vb::Exclamation, "");
+        env.dialogs.ExpectMsgBox(kNoPrinterMessage, kWarningStyle, "");
         env.dialogs.ExpectSaveFile(answer.isEmpty() ? answer : chosen.filePath(answer));
         DesktopPrinter printer(env.dialogs, env.platform);
         const auto document = [](PageWriter& page) { page.Line("Drove to Springfield 42 miles"); };

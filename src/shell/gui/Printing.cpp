@@ -11,8 +11,8 @@
 #include <QPrinter>
 #include <QTextLayout>
 
-#include "shell/Dialogs.h"
 #include "shell/Platform.h"
+#include "shell/ShellMessages.h"
 
 QFont PrintFont(const QString& classicName, qreal pointSize, bool bold) {
     // Each classic face, then the faces that stand in for it on Linux: the metric-compatible
@@ -73,11 +73,6 @@ bool PageWriter::Finish() {
 void PageWriter::SetHeading(const QStringList& lines, const QFont& font) {
     heading_ = lines;
     headingFont_ = font;
-}
-
-QSizeF PageWriter::PageSizeMm() const {
-    return QSizeF(device_.width() * 25.4 / device_.logicalDpiX(),
-                  device_.height() * 25.4 / device_.logicalDpiY());
 }
 
 qreal PageWriter::Px(qreal mm) const {
@@ -260,9 +255,8 @@ bool PdfPrinter::Print(const QString& title, const Document& document) {
 }
 
 bool DesktopPrinter::SaveAsPdf(const QString& title, const Document& document) {
-    dialogs_.MsgBox(QStringLiteral("Could not find Printer."), vb::OKOnly | vb::Exclamation);
-    QString path = dialogs_.SaveFileName(QStringLiteral("Save as PDF"), QDir::homePath(),
-                                         QStringLiteral("PDF files (*.pdf)"));
+    dialogs_.MsgBox(kNoPrinterMessage, kWarningStyle);
+    QString path = dialogs_.SaveFileName(kSaveAsPdfCaption, QDir::homePath(), kPdfFilter);
     if (path.isEmpty())
         return false;
     if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))

@@ -4,7 +4,6 @@
 #include <QList>
 #include <QPainter>
 #include <QPointF>
-#include <QSizeF>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -67,8 +66,6 @@ public:
 
     // Pages begun so far (at least 1).
     int PageCount() const { return page_; }
-    // The printable area inside the margins.
-    QSizeF PageSizeMm() const;
 
 private:
     qreal Px(qreal mm) const;
