@@ -47,9 +47,6 @@ private slots:
         env.write("Marker Colors.dat", "stale");
         colors.SaveMarkerColors(env.state->services);
         QCOMPARE(env.read("Marker Colors.dat"), kFile);
-        colors.ShowAll();
-        colors.SaveMarkerColors(env.state->services);
-        QCOMPARE(env.read("Marker Colors.dat"), QByteArray(kFile).replace("*", ""));
     }
 
     // The lines before a fault are kept, the defaults fill the rest, and the file is not saved
@@ -91,6 +88,7 @@ private slots:
                  std::optional<QString>(DuplicateColorMessage("Meeting")));
         QCOMPARE(colors.SetCategory(3, "Doc\r\ntor", 0x123456),
                  std::optional<QString>(kCaptionLineBreakMessage));
+        QCOMPARE(colors.SetCategory(3, "", 0x123456), std::optional<QString>(kEmptyCaptionMessage));
         QCOMPARE(colors.Entry(3), MarkerColors::Defaults()[3]);
         QCOMPARE(colors.SetCategory(3, "Doctor", 0x123456), std::nullopt);
         QCOMPARE(colors.Entry(3), (MarkerColor{"Doctor", 0x123456, false}));

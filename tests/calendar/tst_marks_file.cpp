@@ -122,7 +122,6 @@ private slots:
         env.select(QDate(2027, 1, 5));
         QCOMPARE(marks.HoverTextOf(QDate(2027, 3, 17)), "Trip home");
         QCOMPARE(marks.NextMarkCategory[(CellIndex{0, 0, 0})], 7);
-        QCOMPARE(marks.VisibleMarkColor(QDate(2026, 3, 18)), std::nullopt);
         VERIFY_DIALOGS(env.dialogs);
     }
 };

@@ -117,6 +117,11 @@ private slots:
         env->dialogs.ExpectMsgBox(kPhraseNotFound, vb::OKOnly, "");
         search("planner date");
     }
+
+    void helpOnSearchExplainsThePhraseRule() {
+        env->dialogs.ExpectMsgBox(kHelpOnSearchText, kInformationStyle, "Help on Search");
+        window->Control<QAction>("mnuHelp")->trigger();
+    }
 };
 
 ORVANTA_TEST_MAIN(HelpTest)

@@ -140,7 +140,6 @@ private slots:
         QTest::newRow("largest") << "2147483647" << 2147483647 << 0;
         QTest::newRow("trailing letter") << "12x" << 0 << 13;
         QTest::newRow("blank inside") << "4 2" << 0 << 13;
-        QTest::newRow("only blanks") << "   " << 0 << 13;
         QTest::newRow("too large") << "2147483648" << 0 << 6;
     }
     void wholeFieldsReadAsNumbers() {

@@ -13,6 +13,7 @@
 #include <QToolButton>
 
 #include "MainWindowFixture.h"
+#include "Version.h"
 #include "calendar/gui/CalendarView.h"
 #include "shell/ShellMessages.h"
 #include "shell/UserPreferences.h"
@@ -54,7 +55,6 @@ private slots:
         }
         QVERIFY(names.size() > 150);
         QCOMPARE(f->menu("mnuEditDiplayedMarks")->text(), "Displayed Marks");
-        QCOMPARE(f->menu("mnuEditMark_12")->text(), "Quick Marks");
         QCOMPARE(f->menu("mnuOptDateMarkAs_11")->text(), "Vacation");
     }
 
@@ -153,6 +153,13 @@ private slots:
         QCOMPARE(view()->MonthsOnShow().last(), QDate(2027, 3, 1));
         f->control<QComboBox>("cmbMonth")->setCurrentIndex(6);
         QCOMPARE(view()->MonthsOnShow().first(), QDate(2027, 7, 1));
+    }
+
+    void versionIsShown() {
+        f->env.dialogs.ExpectMsgBox("Orvanta version " ORVANTA_VERSION
+                                    "\r\nPlanner and Date Management",
+                                    kInformationStyle, "Software Version");
+        f->menu("mnuHelpSoftwareVersion")->trigger();
     }
 
     void midnightRefreshesToday() {
