@@ -2,7 +2,12 @@
 
 ProgramState::ProgramState(const QString& dataFolder, Dialogs& dialogs, Clock& clock,
                            Platform& platform)
-    : services(dataFolder, dialogs, clock, platform), marks(services, dates, markerColors) {
+    : services(dataFolder, dialogs, clock, platform),
+      marks(services, dates, markerColors),
+      notes(services, dates),
+      planner(services, dates) {
     // Every store with a table per year reads both years again when the year on show changes.
     dates.AddYearStore(&marks);
+    dates.AddYearStore(&notes);
+    dates.AddYearStore(&planner);
 }

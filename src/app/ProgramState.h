@@ -4,6 +4,8 @@
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
 #include "help/modHelp.h"
+#include "notes_planner/modNotes.h"
+#include "notes_planner/modPlanner.h"
 #include "shell/Prompts.h"
 #include "shell/Services.h"
 #include "shell/UserPreferences.h"
@@ -21,4 +23,6 @@ struct ProgramState {
     DateModel dates;
     MarkerColors markerColors;
     DateMarks marks;
+    NotesStore notes;
+    PlannerStore planner;
 };

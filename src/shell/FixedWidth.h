@@ -3,6 +3,21 @@
 #include <QString>
 #include <QStringView>
 
+// text without the blanks (spaces only, not tabs or other white space) at either end.
+inline QStringView TrimBlanks(QStringView text) {
+    qsizetype begin = 0, end = text.size();
+    while (begin < end && text[begin] == QLatin1Char(' '))
+        ++begin;
+    while (end > begin && text[end - 1] == QLatin1Char(' '))
+        --end;
+    return text.mid(begin, end - begin);
+}
+
+// True when text holds nothing but blanks (or nothing at all).
+inline bool IsBlank(QStringView text) {
+    return TrimBlanks(text).isEmpty();
+}
+
 // One field of a record kept at fixed character positions: where it starts (counted from 0)
 // and how many characters it takes. A store declares its fields once and reads and writes
 // through them, so no offset is counted twice.
@@ -13,7 +28,7 @@ struct Field {
     // The field's characters as they stand; shorter (or empty) when the record ends inside it.
     QStringView Raw(QStringView record) const { return record.mid(offset, width); }
     // The field's text without surrounding blanks.
-    QString Read(QStringView record) const { return Raw(record).trimmed().toString(); }
+    QString Read(QStringView record) const { return TrimBlanks(Raw(record)).toString(); }
     // Puts value into the field of record: padded with blanks, or cut, to the field's width.
     // A record too short to hold the field is first padded with blanks.
     void Write(QString& record, QStringView value) const {

@@ -1,0 +1,117 @@
+#include "notes_planner/DatedFile.h"
+
+#include <sys/stat.h>
+
+#include <QFile>
+#include <cerrno>
+
+#include "shell/Files.h"
+#include "shell/FixedWidth.h"
+#include "shell/SafeSave.h"
+#include "shell/Services.h"
+#include "shell/TextFile.h"
+#include "shell/VbError.h"
+
+namespace {
+
+constexpr Field kDateKeyField{0, 8};
+constexpr Field kCellCodeField{9, 6};
+constexpr qsizetype kPayloadStart = 16;
+
+// The cell of a stored cell code: 13 when it is not six digits, 9 when it lies off the grid.
+CellIndex CellOfCode(QStringView code) {
+    if (code.size() != kCellCodeField.width)
+        Raise(err::TypeMismatch);
+    for (const QChar c : code)
+        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+            Raise(err::TypeMismatch);
+    const auto cell = CellIndex::FromCode(code);
+    if (!cell)
+        Raise(err::SubscriptOutOfRange);
+    return *cell;
+}
+
+}  // namespace
+
+qsizetype DatedEntries::IndexOf(QStringView dateKey) const {
+    for (qsizetype i = 0; i < dateKeys.size(); ++i)
+        if (dateKeys[i] == dateKey)
+            return i;
+    return -1;
+}
+
+qsizetype DatedEntries::Append(const QString& dateKey) {
+    dateKeys.append(dateKey);
+    cellCodes.append(QString());
+    payloads.append(QString());
+    return dateKeys.size() - 1;
+}
+
+void DatedEntries::Clear() {
+    dateKeys.clear();
+    cellCodes.clear();
+    payloads.clear();
+    exists.Fill(false);
+}
+
+DatedLine ParseDatedLine(QStringView line) {
+    DatedLine parsed;
+    parsed.dateKey = kDateKeyField.Raw(line).toString();
+    const QStringView code = kCellCodeField.Raw(line);
+    parsed.cell = CellOfCode(code);
+    parsed.cellCode = code.toString();
+    parsed.payload = line.mid(std::min(kPayloadStart, line.size())).toString();
+    return parsed;
+}
+
+QString FormatDatedLine(const QString& dateKey, const QString& cellCode, const QString& payload) {
+    QString line;
+    line.reserve(kPayloadStart + payload.size());
+    line += dateKey;
+    line += QLatin1Char(':');
+    line += cellCode;
+    line += QLatin1Char(':');
+    line += payload;
+    return line;
+}
+
+QString YearFolderName(int year) {
+    return QStringLiteral("%1").arg(year, 4, 10, QLatin1Char('0'));
+}
+
+QString YearFileName(int year, const QString& fileName) {
+    return YearFolderName(year) + QLatin1Char('\\') + fileName;
+}
+
+void ReadDatedFile(const QString& appFolder, int year, const QString& fileName,
+                   DatedEntries& entries) {
+    entries.Clear();
+    QString path;
+    if (!FileExists(appFolder, YearFileName(year, fileName), &path))
+        return;
+    const QStringList lines = textfile::ReadLines(path);
+    entries.dateKeys.reserve(lines.size());
+    entries.cellCodes.reserve(lines.size());
+    entries.payloads.reserve(lines.size());
+    for (const QString& line : lines) {
+        DatedLine parsed = ParseDatedLine(line);
+        entries.exists[parsed.cell] = true;
+        entries.dateKeys.append(std::move(parsed.dateKey));
+        entries.cellCodes.append(std::move(parsed.cellCode));
+        entries.payloads.append(std::move(parsed.payload));
+    }
+}
+
+void WriteDatedLines(Services& services, int year, const QString& fileName,
+                     const QString& content) {
+    // Encoded first: text the file cannot hold is refused before anything on disk changes.
+    const QByteArray bytes = textfile::Encode(content);
+    const QString folder = YearFolderName(year);
+    QString realFolder;
+    if (!FolderExists(services.dialogs, services.AppFolder, folder, &realFolder)) {
+        realFolder = services.PathOf(folder) + QLatin1Char('/');
+        if (::mkdir(QFile::encodeName(realFolder).constData(), 0777) != 0)
+            safesave::RaiseSystemError(errno);
+    }
+    safesave::Replace(PathForWriting(realFolder, fileName), bytes);
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+
+#include "calendar/DayGrid.h"
+
+class Services;
+
+// One year's entries of a file kept per date, "Notes.dat" or "Planner.dat": a line per date,
+// "mm/dd/yy" + ":" + cell code + ":" + payload. The entries stay in the order in which their
+// dates first got one, which is the order of the file's lines.
+struct DatedEntries {
+    QStringList dateKeys;
+    // The six digits of each entry's day cell, as the file holds them.
+    QStringList cellCodes;
+    QStringList payloads;
+    // Whether a cell's day has an entry, set from the cell codes read.
+    DayGrid<bool> exists;
+
+    qsizetype Count() const { return dateKeys.size(); }
+    // The entry of dateKey, or -1.
+    qsizetype IndexOf(QStringView dateKey) const;
+    // Adds an entry for dateKey (empty code and payload) and returns its index.
+    qsizetype Append(const QString& dateKey);
+    void Clear();
+};
+
+// One line of such a file, taken apart.
+struct DatedLine {
+    QString dateKey;
+    QString cellCode;
+    CellIndex cell;
+    QString payload;
+};
+
+// Characters 1-8 are the date key, 10-15 the cell code, 17 on the payload. A cell code that is
+// not six digits raises 13 (type mismatch); one outside the 12 x 7 x 6 grid raises 9. A line
+// too short for a payload has an empty one.
+DatedLine ParseDatedLine(QStringView line);
+QString FormatDatedLine(const QString& dateKey, const QString& cellCode, const QString& payload);
+
+// The year folder's name, "yyyy", and the relative name of a year's file in it.
+QString YearFolderName(int year);
+QString YearFileName(int year, const QString& fileName);
+
+// Replaces entries with the lines of the year's file. A missing folder or file is an empty
+// year. A faulty line raises its error; the lines before it are kept.
+void ReadDatedFile(const QString& appFolder, int year, const QString& fileName,
+                   DatedEntries& entries);
+
+// Rewrites the year's file (creating the year folder when missing) with every entry that
+// keep() accepts, one line each, in list order. The old file stays whole until the new one is
+// complete. A character the file cannot hold raises 5 and changes nothing on disk.
+template <class Keep>
+void WriteDatedFile(Services& services, int year, const QString& fileName,
+                    const DatedEntries& entries, Keep&& keep);
+void WriteDatedLines(Services& services, int year, const QString& fileName, const QString& content);
+
+template <class Keep>
+void WriteDatedFile(Services& services, int year, const QString& fileName,
+                    const DatedEntries& entries, Keep&& keep) {
+    QString content;
+    qsizetype size = 0;
+    for (const QString& payload : entries.payloads)
+        size += payload.size() + 19;
+    content.reserve(size);
+    for (qsizetype i = 0; i < entries.Count(); ++i) {
+        if (!keep(i))
+            continue;
+        content += FormatDatedLine(entries.dateKeys[i], entries.cellCodes[i], entries.payloads[i]);
+        content += QLatin1String("\r\n");
+    }
+    WriteDatedLines(services, year, fileName, content);
+}

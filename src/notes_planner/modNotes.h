@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QDate>
+#include <QObject>
+#include <QString>
+
+#include "calendar/YearPair.h"
+#include "notes_planner/DatedFile.h"
+
+class DateModel;
+class Services;
+
+inline const QString kNotesFile = QStringLiteral("Notes.dat");
+inline const QString kNotesSavedMessage = QStringLiteral("Notes Saved");
+
+// A note keeps its line breaks on one file line: every CR is written as character 213 and
+// every LF as character 210. Notes stay encoded in memory and are decoded only to be shown.
+QString EncodeLineBreaks(QString text);
+QString DecodeLineBreaks(QString text);
+
+// "Notes for March 7, 2026": the caption of a date's notes.
+QString NotesCaption(const QDate& date);
+
+// What the notes window shows for a date.
+struct ShownNote {
+    QString caption;
+    QString text;
+};
+
+// The notes of the year on show and of the next year, each year in "Notes.dat" in its year
+// folder, one line per noted date: "mm/dd/yy:" + cell code + ":" + the encoded note.
+class NotesStore : public QObject, public PerYearStore {
+    Q_OBJECT
+public:
+    NotesStore(Services& services, const DateModel& dates);
+
+    YearPair<DatedEntries> years;
+
+    // Replace a year's list and note flags with its file. A missing folder or file is a year
+    // without notes. A line whose cell code is not six digits ends the reading; the notes
+    // before it stay, and the year is not saved again until it has been read whole.
+    void ReadThisYearsNotes();
+    void ReadNextYearsNotes();
+    void Read(Year year);
+    void ReadBothYears() override;
+
+    // Take text as the note of the selected date (a date of this year, or of next year) and
+    // rewrite the year's file with every note that is not blank, then say "Notes Saved".
+    // Returns false when nothing was saved: the text holds a character the file cannot hold,
+    // the year was read only in part, or the write failed.
+    bool SaveThisYearsNotes(const QString& text);
+    bool SaveNextYearsNotes(const QString& text);
+    bool Save(Year year, const QString& text);
+
+    // The selected date's note, decoded, under its caption.
+    ShownNote DisplayThisNote();
+
+    bool HasNote(const QDate& date) const;
+    // A date's note with its line breaks; empty when it has none.
+    QString NoteOf(const QDate& date) const;
+
+signals:
+    // A year's list was read from its file.
+    void notesRead(int year);
+
+private:
+    void ReadYear(Year year, const char* procedure);
+    bool SaveYear(Year year, const char* procedure, const QString& text);
+
+    Services& services_;
+    const DateModel& dates_;
+};

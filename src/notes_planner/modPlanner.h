@@ -1,0 +1,106 @@
+#pragma once
+
+#include <QDate>
+#include <QList>
+#include <QObject>
+#include <array>
+#include <functional>
+
+#include "calendar/YearPair.h"
+#include "notes_planner/DatedFile.h"
+#include "notes_planner/PlannerRecord.h"
+
+class DateModel;
+class Services;
+
+inline const QString kPlannerFile = QStringLiteral("Planner.dat");
+inline const QString kPlannerRecordsUpdatedMessage = QStringLiteral("Planner Records Updated");
+inline const QString kPlannerSavedMessage = QStringLiteral("Planner Saved");
+inline const QString kBadPlannerCountMessage = QStringLiteral("Bad Planner Count");
+
+// A year holds at most one page per day of a leap year.
+constexpr qsizetype kMaxPlannerPages = 366;
+
+// The expense and mileage figures of one page of the year on show, as the reports read them:
+// each field's characters as the record holds them.
+struct PlannerExtract {
+    bool hasExpenses = false;
+    bool hasMileage = false;
+    std::array<QString, kExpenseLines> descriptions;
+    std::array<QString, kExpenseLines> amounts;
+    std::array<QString, kMileageLines> destinations;
+    std::array<QString, kMileageLines> begins;
+    std::array<QString, kMileageLines> ends;
+    std::array<QString, kMileageLines> miles;
+};
+PlannerExtract ExtractOf(QStringView record);
+
+// A date's page as the planner window opens it.
+struct OpenedPage {
+    // The date as "dddd, mmmm d yyyy".
+    QString caption;
+    PlannerPage page;
+    // Whether the date already had a page.
+    bool found = false;
+};
+
+// The planner pages of the year on show and of the next year, each year in "Planner.dat" in
+// its year folder, one line per date with a page: "mm/dd/yy:" + cell code + ":" + record.
+class PlannerStore : public QObject, public PerYearStore {
+    Q_OBJECT
+public:
+    PlannerStore(Services& services, const DateModel& dates);
+
+    YearPair<DatedEntries> years;
+    // The entry of each year that is open in the planner window; -1 when none.
+    YearPair<qsizetype> openIndex;
+    // The figures of this year's pages, one per entry, for the reports.
+    QList<PlannerExtract> extracts;
+
+    // Replace a year's list and planner flags with its file; this year's also fills the
+    // extracts. A faulty line ends the reading; the pages before it stay, and the year is not
+    // saved again until it has been read whole.
+    void ReadThisYearsPlanner();
+    void ReadNextYearsPlanner();
+    void Read(Year year);
+    void ReadBothYears() override;
+
+    // Make the selected date's entry the open one and give its page (a page without text when
+    // it has none).
+    OpenedPage OpenPlannerRecord();
+    // Open the planner window on the selected date.
+    void OpenThePlanner();
+    // How the planner window is opened; set by the window side.
+    std::function<void()> plannerWindowOpener;
+
+    // Store page as the page of date (this year's, or with the 2 variant next year's) in
+    // memory; it becomes the open entry. A date new to a year that already has 366 pages is
+    // refused with "Bad Planner Count" (the new entry stays, without a record). Returns
+    // whether the page was stored.
+    bool SavePlannerRecord(const QDate& date, const PlannerPage& page);
+    bool SavePlannerRecord2(const QDate& date, const PlannerPage& page);
+    bool StorePage(Year year, const QDate& date, const PlannerPage& page);
+
+    // Rewrite the year's file with every page that is not blank, then say "Planner Records
+    // Updated" (this year) or "Planner Saved" (next year). This year's file is not written
+    // while its list holds more than 366 entries. Returns whether the file was written.
+    bool SaveThisYearsPlannerFile();
+    bool SaveNextYearsPlannerFile();
+    bool SaveFile(Year year);
+
+    bool HasPlanner(const QDate& date) const;
+    // A date's record; empty when it has none.
+    QString RecordOf(const QDate& date) const;
+
+signals:
+    // A year's list was read from its file.
+    void plannerRead(int year);
+
+private:
+    void ReadYear(Year year, const char* procedure);
+    bool StoreRecord(Year year, const char* procedure, const QDate& date, const PlannerPage& page);
+    bool SaveYear(Year year, const char* procedure, const QString& message);
+
+    Services& services_;
+    const DateModel& dates_;
+};
