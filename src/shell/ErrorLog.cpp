@@ -25,7 +25,8 @@ QString Services::ErrorReport(const QString& procedure, int number,
 void Services::LogError(const QString& procedure, int number, const QString& description) {
     const QString report = ErrorReport(procedure, number, description);
     dialogs.MsgBox(report, vb::OKOnly, kProgramErrorTitle);
-    AppendToErrorLog(report);
+    if (writesErrorLog)
+        AppendToErrorLog(report);
 }
 
 void Services::AppendToErrorLog(const QString& report) {

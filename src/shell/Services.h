@@ -19,6 +19,8 @@ public:
     Dialogs& dialogs;
     Clock& clock;
     Platform& platform;
+    // False where nothing may be written, as on the command line: errors are then only shown.
+    bool writesErrorLog = true;
 
     // AppFolder + relative ("\" in relative separates folders).
     QString PathOf(const QString& relative) const;

@@ -1,0 +1,32 @@
+#include "cli/Commands.h"
+
+#include <QFileInfo>
+#include <QTextStream>
+
+namespace cli {
+
+const QList<CommandInfo>& Commands() {
+    static const QList<CommandInfo> commands = {
+        {QStringLiteral("day"), QStringLiteral("day YYYY-MM-DD"),
+         QStringLiteral("Print the date's mark and hover text, its note and its planner page."),
+         Day},
+    };
+    return commands;
+}
+
+int RunCommand(const QStringList& command, const QString& dataFolder, QTextStream& out,
+               QTextStream& err) {
+    for (const CommandInfo& info : Commands()) {
+        if (info.name != command.value(0))
+            continue;
+        if (!QFileInfo(dataFolder).isDir()) {
+            err << "orvanta: the data folder " << dataFolder << " does not exist\n";
+            return kExitUsage;
+        }
+        return info.run(command.mid(1), dataFolder, out, err);
+    }
+    err << "orvanta: unknown command \"" << command.value(0) << "\" (see orvanta --help)\n";
+    return kExitUsage;
+}
+
+}  // namespace cli

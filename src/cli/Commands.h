@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class QTextStream;
+
+// The commands of the program's command line. Each reads the data folder through the same
+// stores as the window, prints to out (UTF-8) and reports problems on err. None opens a window
+// or changes a file.
+namespace cli {
+
+// Exit statuses: done; the data could be read only in part; the command line was wrong.
+constexpr int kExitOk = 0;
+constexpr int kExitDataError = 1;
+constexpr int kExitUsage = 2;
+
+struct CommandInfo {
+    QString name;
+    QString usage;
+    QString summary;
+    int (*run)(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
+               QTextStream& err);
+};
+
+const QList<CommandInfo>& Commands();
+
+// Runs command (its name first, then its arguments) on dataFolder.
+int RunCommand(const QStringList& command, const QString& dataFolder, QTextStream& out,
+               QTextStream& err);
+
+// day YYYY-MM-DD: the date's mark and hover text, its note and its planner page.
+int Day(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
+        QTextStream& err);
+
+}  // namespace cli
