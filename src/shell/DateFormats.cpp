@@ -13,6 +13,7 @@ QString QtPattern(const QString& classic) {
         {QStringLiteral("mmmm"), QStringLiteral("MMMM")},
         {QStringLiteral("yyyy"), QStringLiteral("yyyy")},
         {QStringLiteral("mmm dd, yyyy"), QStringLiteral("MMM dd, yyyy")},
+        {QStringLiteral("ddd dd"), QStringLiteral("ddd dd")},
         {QStringLiteral("dddd, mmmm d yyyy"), QStringLiteral("dddd, MMMM d yyyy")},
         {QStringLiteral("Long Date"), QStringLiteral("dddd, MMMM d, yyyy")},
         {QStringLiteral("Short Date"), QStringLiteral("M/d/yyyy")},

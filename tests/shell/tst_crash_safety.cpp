@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QMap>
@@ -25,6 +26,9 @@
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
+#include "notes_planner/modNotes.h"
+#include "notes_planner/modPlanner.h"
+#include "shell/DateFormats.h"
 #include "shell/Services.h"
 #include "shell/UserPreferences.h"
 
@@ -76,6 +80,30 @@ void SavePreferences(Folder& folder, int content) {
     prefs.SaveUserPreferences(folder.services);
 }
 
+void SaveNotes(Folder& folder, int content) {
+    NotesStore notes(folder.services, folder.dates);
+    DatedEntries& year = notes.years[Year::This];
+    for (int day = 1; day <= 20 + content; ++day) {
+        const QDate date(2026, 1 + day % 12, day);
+        const qsizetype i = year.Append(datefmt::MmDdYy(date));
+        year.cellCodes[i] = folder.dates.FindDay(date)->Code();
+        year.payloads[i] = EncodeLineBreaks(QStringLiteral("Caf\u00e9 %1\r\nline two").arg(day));
+    }
+    folder.dialogs.ExpectMsgBox(kNotesSavedMessage, vb::OKOnly, {});
+    notes.SaveThisYearsNotes(QStringLiteral("today's note %1").arg(content));
+}
+
+void SavePlanner(Folder& folder, int content) {
+    PlannerStore planner(folder.services, folder.dates);
+    for (int day = 1; day <= 20 + content; ++day) {
+        PlannerPage page;
+        page.slotTexts[day % kPlannerSlots] = QStringLiteral("R\u00e9sum\u00e9 %1").arg(content);
+        planner.SavePlannerRecord(QDate(2026, 1 + day % 12, day), page);
+    }
+    folder.dialogs.ExpectMsgBox(kPlannerRecordsUpdatedMessage, vb::OKOnly, {});
+    planner.SaveThisYearsPlannerFile();
+}
+
 // Every store that writes a file. The procedure is the one whose report a failed save shows.
 struct Store {
     const char* procedure;
@@ -88,6 +116,8 @@ const Store kStores[] = {
     {"SaveThisYearsMarks", "2026Marks.dat", "2026Marks.bak", SaveMarks},
     {"SaveMarkerColors", kMarkerColorsFile, {}, SaveColors},
     {"SaveUserPreferences", kUserPreferencesFile, {}, SavePreferences},
+    {"SaveThisYearsNotes", "2026/Notes.dat", {}, SaveNotes},
+    {"SaveThisYearsPlannerFile", "2026/Planner.dat", {}, SavePlanner},
 };
 
 const QByteArray kMissing = "<missing>";
@@ -96,12 +126,28 @@ QByteArray ReadBytes(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : kMissing;
 }
 
-// Every file of a folder with its bytes.
+// Every file of a folder and its sub-folders with its bytes, by its path in the folder.
 QMap<QString, QByteArray> Snapshot(const QString& folder) {
     QMap<QString, QByteArray> files;
-    for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden))
-        files.insert(name, ReadBytes(folder + u'/' + name));
+    QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString path = it.next();
+        files.insert(QDir(folder).relativeFilePath(path), ReadBytes(path));
+    }
     return files;
+}
+
+// Makes a folder and its sub-folders writable or read-only for their owner.
+void SetFoldersWritable(const QString& folder, bool writable) {
+    QDirIterator it(folder, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    QStringList folders{folder};
+    while (it.hasNext())
+        folders.append(it.next());
+    for (const QString& path : folders) {
+        const auto permissions = QFile::permissions(path);
+        QFile::setPermissions(
+            path, writable ? permissions | QFile::WriteOwner : permissions & ~QFile::WriteOwner);
+    }
 }
 
 // The child's side of the kill test: saves the contents in turn, from first on, until killed.
@@ -109,7 +155,7 @@ QMap<QString, QByteArray> Snapshot(const QString& folder) {
     Folder folder(path);
     for (int i = first;; ++i) {
         store.save(folder, i % kContents);
-        if (!folder.dialogs.shown().isEmpty())
+        if (!folder.dialogs.Ok())
             _exit(3);  // a save failed: the parent sees an exit instead of the kill
     }
 }
@@ -233,7 +279,7 @@ private slots:
                               QFile::ExeOther;
         QVERIFY(QFile::setPermissions(dir.path(), writable));
         if (!fullDisk)
-            QVERIFY(QFile::setPermissions(path, writable & ~QFile::WriteOwner));
+            SetFoldersWritable(path, false);
 
         int channel[2];
         QVERIFY(::pipe(channel) == 0);
@@ -268,7 +314,7 @@ private slots:
         boxes.close();
         int status = 0;
         QCOMPARE(::waitpid(child, &status, 0), child);
-        QFile::setPermissions(path, writable);
+        SetFoldersWritable(path, true);
         QVERIFY(WIFEXITED(status));
         if (WEXITSTATUS(status) == 6)
             QSKIP("folder permissions do not apply to this user");

@@ -3,6 +3,7 @@
 #include "app/ProgramState.h"
 #include "calendar/gui/CalendarMenus.h"
 #include "help/gui/HelpMenus.h"
+#include "notes_planner/gui/NotesPlannerMenus.h"
 #include "shell/gui/ShellMenus.h"
 
 MainWindow CreateMainWindow(ProgramState& state) {
@@ -12,14 +13,17 @@ MainWindow CreateMainWindow(ProgramState& state) {
     auto* help = new HelpMenus(frame, state.help, state.services);
     auto* calendar =
         new CalendarMenus(frame, state.services, state.dates, state.markerColors, state.marks);
+    auto* notesPlanner =
+        new NotesPlannerMenus(frame, state.dates, state.notes, state.planner, *calendar);
     new ShellMenus(frame, state.services, state.prefs);
     window.help = help;
     window.calendar = calendar;
+    window.notesPlanner = notesPlanner;
 
     // What the program reads at start-up, in this order: the help topics, the preferences,
     // the working date from today, the marker colours, both years' date holders and the
-    // per-year stores, then the year's calendar.
-    frame.SetLoadSteps([&state, &frame, help, calendar] {
+    // per-year stores, then the year's calendar and the month's tasks.
+    frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner] {
         help->LoadHelpTopics();
         state.prefs.GetUserPreferences(state.services);
         state.dates.SelectedDate = state.services.clock.today();
@@ -30,6 +34,8 @@ MainWindow CreateMainWindow(ProgramState& state) {
         state.dates.ReadYearStores();
         calendar->Show1YearCalendar();
         frame.ShowSelectedDate(state.dates.SelectedDate);
+        notesPlanner->ShowIndicators();
+        notesPlanner->FillTasks();
     });
     return window;
 }

@@ -6,6 +6,7 @@
 
 class CalendarMenus;
 class HelpMenus;
+class NotesPlannerMenus;
 struct ProgramState;
 
 // The main window as the program runs it: the frame, each subsystem's part of it connected to
@@ -14,6 +15,7 @@ struct MainWindow {
     std::unique_ptr<frmMain> frame;
     CalendarMenus* calendar = nullptr;
     HelpMenus* help = nullptr;
+    NotesPlannerMenus* notesPlanner = nullptr;
 };
 
 MainWindow CreateMainWindow(ProgramState& state);
