@@ -216,6 +216,27 @@ void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet) const {
 // white mark shows), today's colour, the selection (a frame in the highlight colour between
 // two lines of ink that stands out on the fill, visible on every colour), then the day number,
 // the notes and planner dots and, on the one-month sheet, the captions and hover note.
+// A day with a note is flagged in its upper left corner (green), a day with a planner page in
+// its upper right corner (blue): corner flags stay clear of the centred day number and read
+// the same on every mark colour.
+void CalendarView::PaintIndicators(QPainter& painter, const QRect& cell,
+                                   const DayLook& look) const {
+    const int size = Large() ? 12 : 7;
+    const auto flag = [&](bool right, const QColor& color) {
+        const int x = right ? cell.right() : cell.left();
+        const int dx = right ? -size : size;
+        const QPolygon corner(
+            {QPoint(x, cell.top()), QPoint(x + dx, cell.top()), QPoint(x, cell.top() + size)});
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawPolygon(corner);
+    };
+    if (look.hasNotes)
+        flag(false, QColor(0, 128, 0));
+    if (look.hasPlanner)
+        flag(true, QColor(0, 0, 192));
+}
+
 void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& date) const {
     // A month of neither year in memory shows its days dimmed and without what the stores know.
     const bool inMemory = dates_.HolderFor(date) != nullptr;
@@ -249,16 +270,7 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
     const QRect inner = cell.adjusted(5, 3, -5, -3);
     painter.drawText(inner, Large() ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignCenter,
                      QString::number(date.day()));
-    if (look.hasNotes || look.hasPlanner) {
-        const int size = Large() ? 8 : 4;
-        QRect dot(cell.right() - size - 4, cell.top() + 5, size, size);
-        if (look.hasNotes) {
-            painter.fillRect(dot, QColor(0, 128, 0));
-            dot.translate(-size - 2, 0);
-        }
-        if (look.hasPlanner)
-            painter.fillRect(dot, QColor(0, 0, 192));
-    }
+    PaintIndicators(painter, cell, look);
     if (Large())
         PaintCaptions(painter, inner, inner.top() + QFontMetrics(dayFont).height() + 2, look);
 }

@@ -65,6 +65,7 @@ private:
     QRect CellRect(const Sheet& sheet, int weekday, int week) const;
     void PaintSheet(QPainter& painter, const Sheet& sheet) const;
     void PaintDay(QPainter& painter, const QRect& cell, const QDate& date) const;
+    void PaintIndicators(QPainter& painter, const QRect& cell, const DayLook& look) const;
     void PaintCaptions(QPainter& painter, const QRect& inner, int top, const DayLook& look) const;
     // The date of cell (weekday, week) of the month beginning first.
     QDate DayOfCell(const QDate& first, int weekday, int week) const;
