@@ -23,17 +23,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::WriteInput(QStringLiteral("2026/Notes.dat"), data, size);
     store.notes.ReadThisYearsNotes();
     const DatedEntries& notes = store.notes.years[Year::This];
-    const QStringList lines = textfile::SplitLines(
-        textfile::Decode(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size))));
+    QList<QByteArray> lines;
+    textfile::ForEachLine(QByteArrayView(data, qsizetype(size)),
+                          [&](QByteArrayView line) { lines.append(line.toByteArray()); });
     fuzz::Check(notes.Count() <= lines.size(), "no more notes than lines");
     for (qsizetype i = 0; i < notes.Count(); ++i) {
-        const QString& line = lines[i];
-        if (line.size() < 16 || line[8] != u':' || line[15] != u':')
+        const QByteArray& line = lines[i];
+        if (line.size() < 16 || line[8] != ':' || line[15] != ':')
             continue;
         fuzz::Check(
             FormatDatedLine(notes.dateKeys[i], notes.cellCodes[i], notes.payloads[i]) == line,
             "a note line is written back as it was read");
-        fuzz::Check(EncodeLineBreaks(DecodeLineBreaks(notes.payloads[i])) == notes.payloads[i],
+        const QString text = textfile::Decode(notes.payloads[i]);
+        fuzz::Check(EncodeLineBreaks(DecodeLineBreaks(text)) == text,
                     "a note survives being shown and saved");
     }
     return 0;

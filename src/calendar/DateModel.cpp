@@ -9,6 +9,19 @@ qint16 WeekdayColumn(const QDate& date) {
     return static_cast<qint16>(date.dayOfWeek() % 7 + 1);
 }
 
+// "mm/dd/yy" of the day, put together by hand: formatting through a date pattern 365 times
+// is a quarter of a year switch.
+QString HolderText(const QDate& day) {
+    QString text;
+    text.reserve(8);
+    AppendTwoDigits(text, day.month());
+    text += QLatin1Char('/');
+    AppendTwoDigits(text, day.day());
+    text += QLatin1Char('/');
+    AppendTwoDigits(text, day.year() % 100);
+    return text;
+}
+
 // Lays the days of year into holder month by month, a month's rows starting with the row of
 // its 1st, and returns the number of days. The cursor (the day being placed, its weekday
 // column counted from 1 = Sunday and its week row from 1) lives only while the holder fills.
@@ -24,7 +37,7 @@ int FillHolder(DateHolderGrid& holder, int year) {
             CursorWeekday = WeekdayColumn(CursorDate);
             CursorWeek = 1;
         }
-        holder.at(month - 1, CursorWeekday - 1, CursorWeek - 1) = datefmt::MmDdYy(CursorDate);
+        holder.at(month - 1, CursorWeekday - 1, CursorWeek - 1) = HolderText(CursorDate);
         if (++CursorWeekday > 7) {
             CursorWeekday = 1;
             ++CursorWeek;

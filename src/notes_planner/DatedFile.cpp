@@ -19,13 +19,13 @@ constexpr Field kCellCodeField{9, 6};
 constexpr qsizetype kPayloadStart = 16;
 
 // The cell of a stored cell code: 13 when it is not six digits, 9 when it lies off the grid.
-CellIndex CellOfCode(QStringView code) {
+CellIndex CellOfCode(QByteArrayView code) {
     if (code.size() != kCellCodeField.width)
         Raise(err::TypeMismatch);
-    for (const QChar c : code)
-        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+    for (const char c : code)
+        if (c < '0' || c > '9')
             Raise(err::TypeMismatch);
-    const auto cell = CellIndex::FromCode(code);
+    const auto cell = CellIndex::FromCode(QString::fromLatin1(code));
     if (!cell)
         Raise(err::SubscriptOutOfRange);
     return *cell;
@@ -43,7 +43,7 @@ qsizetype DatedEntries::IndexOf(QStringView dateKey) const {
 qsizetype DatedEntries::Append(const QString& dateKey) {
     dateKeys.append(dateKey);
     cellCodes.append(QString());
-    payloads.append(QString());
+    payloads.append(QByteArray());
     return dateKeys.size() - 1;
 }
 
@@ -54,23 +54,24 @@ void DatedEntries::Clear() {
     exists.Fill(false);
 }
 
-DatedLine ParseDatedLine(QStringView line) {
+DatedLine ParseDatedLine(QByteArrayView line) {
     DatedLine parsed;
-    parsed.dateKey = kDateKeyField.Raw(line).toString();
-    const QStringView code = kCellCodeField.Raw(line);
+    parsed.dateKey = textfile::Decode(kDateKeyField.Raw(line));
+    const QByteArrayView code = kCellCodeField.Raw(line);
     parsed.cell = CellOfCode(code);
-    parsed.cellCode = code.toString();
-    parsed.payload = line.mid(std::min(kPayloadStart, line.size())).toString();
+    parsed.cellCode = QString::fromLatin1(code);
+    parsed.payload = line.sliced(std::min(kPayloadStart, line.size())).toByteArray();
     return parsed;
 }
 
-QString FormatDatedLine(const QString& dateKey, const QString& cellCode, const QString& payload) {
-    QString line;
+QByteArray FormatDatedLine(const QString& dateKey, const QString& cellCode,
+                           QByteArrayView payload) {
+    QByteArray line;
     line.reserve(kPayloadStart + payload.size());
-    line += dateKey;
-    line += QLatin1Char(':');
-    line += cellCode;
-    line += QLatin1Char(':');
+    line += textfile::Encode(dateKey);
+    line += ':';
+    line += textfile::Encode(cellCode);
+    line += ':';
     line += payload;
     return line;
 }
@@ -89,23 +90,18 @@ void ReadDatedFile(const QString& appFolder, int year, const QString& fileName,
     QString path;
     if (!FileExists(appFolder, YearFileName(year, fileName), &path))
         return;
-    const QStringList lines = textfile::ReadLines(path);
-    entries.dateKeys.reserve(lines.size());
-    entries.cellCodes.reserve(lines.size());
-    entries.payloads.reserve(lines.size());
-    for (const QString& line : lines) {
+    const QByteArray bytes = textfile::ReadBytes(path);
+    textfile::ForEachLine(bytes, [&](QByteArrayView line) {
         DatedLine parsed = ParseDatedLine(line);
         entries.exists[parsed.cell] = true;
         entries.dateKeys.append(std::move(parsed.dateKey));
         entries.cellCodes.append(std::move(parsed.cellCode));
         entries.payloads.append(std::move(parsed.payload));
-    }
+    });
 }
 
 void WriteDatedLines(Services& services, int year, const QString& fileName,
-                     const QString& content) {
-    // Encoded first: text the file cannot hold is refused before anything on disk changes.
-    const QByteArray bytes = textfile::Encode(content);
+                     const QByteArray& content) {
     const QString folder = YearFolderName(year);
     QString realFolder;
     if (!FolderExists(services.dialogs, services.AppFolder, folder, &realFolder)) {
@@ -113,5 +109,5 @@ void WriteDatedLines(Services& services, int year, const QString& fileName,
         if (::mkdir(QFile::encodeName(realFolder).constData(), 0777) != 0)
             safesave::RaiseSystemError(errno);
     }
-    safesave::Replace(PathForWriting(realFolder, fileName), bytes);
+    safesave::Replace(PathForWriting(realFolder, fileName), content);
 }

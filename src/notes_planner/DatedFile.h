@@ -15,7 +15,9 @@ struct DatedEntries {
     QStringList dateKeys;
     // The six digits of each entry's day cell, as the file holds them.
     QStringList cellCodes;
-    QStringList payloads;
+    // Each entry's note or planner record as the file holds it (windows-1252 bytes), so that a
+    // year is read and written without converting what is not shown.
+    QList<QByteArray> payloads;
     // Whether a cell's day has an entry, set from the cell codes read.
     DayGrid<bool> exists;
 
@@ -32,14 +34,15 @@ struct DatedLine {
     QString dateKey;
     QString cellCode;
     CellIndex cell;
-    QString payload;
+    QByteArray payload;
 };
 
 // Characters 1-8 are the date key, 10-15 the cell code, 17 on the payload. A cell code that is
 // not six digits raises 13 (type mismatch); one outside the 12 x 7 x 6 grid raises 9. A line
 // too short for a payload has an empty one.
-DatedLine ParseDatedLine(QStringView line);
-QString FormatDatedLine(const QString& dateKey, const QString& cellCode, const QString& payload);
+DatedLine ParseDatedLine(QByteArrayView line);
+// Throws VbError when the key or the code holds a character the file cannot hold.
+QByteArray FormatDatedLine(const QString& dateKey, const QString& cellCode, QByteArrayView payload);
 
 // The year folder's name, "yyyy", and the relative name of a year's file in it.
 QString YearFolderName(int year);
@@ -50,27 +53,25 @@ QString YearFileName(int year, const QString& fileName);
 void ReadDatedFile(const QString& appFolder, int year, const QString& fileName,
                    DatedEntries& entries);
 
-// Rewrites the year's file (creating the year folder when missing) with every entry that
-// keep() accepts, one line each, in list order. The old file stays whole until the new one is
-// complete. A character the file cannot hold raises 5 and changes nothing on disk.
-template <class Keep>
-void WriteDatedFile(Services& services, int year, const QString& fileName,
-                    const DatedEntries& entries, Keep&& keep);
-void WriteDatedLines(Services& services, int year, const QString& fileName, const QString& content);
+// Replaces the year's file with content, creating the year folder when it is missing. The old
+// file stays whole until the new one is complete.
+void WriteDatedLines(Services& services, int year, const QString& fileName,
+                     const QByteArray& content);
 
+// Rewrites the year's file with every entry that keep() accepts, one line each, in list order.
 template <class Keep>
 void WriteDatedFile(Services& services, int year, const QString& fileName,
                     const DatedEntries& entries, Keep&& keep) {
-    QString content;
+    QByteArray content;
     qsizetype size = 0;
-    for (const QString& payload : entries.payloads)
+    for (const QByteArray& payload : entries.payloads)
         size += payload.size() + 19;
     content.reserve(size);
     for (qsizetype i = 0; i < entries.Count(); ++i) {
         if (!keep(i))
             continue;
         content += FormatDatedLine(entries.dateKeys[i], entries.cellCodes[i], entries.payloads[i]);
-        content += QLatin1String("\r\n");
+        content += "\r\n";
     }
     WriteDatedLines(services, year, fileName, content);
 }

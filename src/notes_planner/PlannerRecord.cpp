@@ -105,9 +105,34 @@ PlannerPage ParsePlannerRecord(QStringView record) {
     return page;
 }
 
-bool IsBlankRecord(QStringView record) {
+namespace {
+
+// A record as text or as its bytes: the blanks and the done mark are the same character in
+// both.
+char16_t CharAt(QStringView record, qsizetype at) {
+    return record[at].unicode();
+}
+char16_t CharAt(QByteArrayView record, qsizetype at) {
+    return static_cast<unsigned char>(record[at]);
+}
+
+template <class View>
+bool BlankRecord(View record) {
     for (const Field& field : SlotFields())
         if (!IsBlank(field.Raw(record)))
             return false;
-    return !record.mid(std::min(kDoneMarksAt, record.size())).contains(QChar(kDoneMark));
+    for (qsizetype at = kDoneMarksAt; at < record.size(); ++at)
+        if (CharAt(record, at) == kDoneMark)
+            return false;
+    return true;
+}
+
+}  // namespace
+
+bool IsBlankRecord(QStringView record) {
+    return BlankRecord(record);
+}
+
+bool IsBlankRecord(QByteArrayView record) {
+    return BlankRecord(record);
 }

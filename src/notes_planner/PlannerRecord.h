@@ -71,6 +71,7 @@ PlannerPage ParsePlannerRecord(QStringView record);
 // True when a record holds no text in any slot and no to-do item is marked done. Time labels
 // alone do not count: every page carries them.
 bool IsBlankRecord(QStringView record);
+bool IsBlankRecord(QByteArrayView record);
 
 // Where the reports find the expense and mileage figures in a record (k = 0-5, m = 0-4).
 namespace plannerfield {

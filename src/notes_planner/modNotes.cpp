@@ -92,7 +92,7 @@ bool NotesStore::SaveYear(Year year, const char* procedure, const QString& text)
         if (index < 0)
             index = entries.Append(dateKey);
         entries.cellCodes[index] = cell->Code();
-        entries.payloads[index] = EncodeLineBreaks(text);
+        entries.payloads[index] = textfile::Encode(EncodeLineBreaks(text));
         WriteDatedFile(services_, yearNumber, kNotesFile, entries,
                        [&](qsizetype i) { return !IsBlank(entries.payloads[i]); });
         services_.dialogs.MsgBox(kNotesSavedMessage);
@@ -119,5 +119,5 @@ QString NotesStore::NoteOf(const QDate& date) const {
         return {};
     const DatedEntries& entries = years[dates_.YearSlotOf(date)];
     const qsizetype index = entries.IndexOf(datefmt::MmDdYy(date));
-    return index < 0 ? QString() : DecodeLineBreaks(entries.payloads[index]);
+    return index < 0 ? QString() : DecodeLineBreaks(textfile::Decode(entries.payloads[index]));
 }

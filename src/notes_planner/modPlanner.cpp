@@ -5,23 +5,24 @@
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
-PlannerExtract ExtractOf(QStringView record) {
+PlannerExtract ExtractOf(QByteArrayView record) {
     using namespace plannerfield;
+    const auto text = [&](const Field& field) { return textfile::Decode(field.Raw(record)); };
     PlannerExtract extract;
     extract.hasExpenses = !IsBlank(Expenses.Raw(record));
     if (extract.hasExpenses) {
         for (int k = 0; k < kExpenseLines; ++k) {
-            extract.descriptions[k] = ExpenseDescription(k).Raw(record).toString();
-            extract.amounts[k] = Amount(k).Raw(record).toString();
+            extract.descriptions[k] = text(ExpenseDescription(k));
+            extract.amounts[k] = text(Amount(k));
         }
     }
     extract.hasMileage = !IsBlank(Mileage.Raw(record));
     if (extract.hasMileage) {
         for (int m = 0; m < kMileageLines; ++m) {
-            extract.destinations[m] = Destination(m).Raw(record).toString();
-            extract.begins[m] = Begin(m).Raw(record).toString();
-            extract.ends[m] = End(m).Raw(record).toString();
-            extract.miles[m] = Miles(m).Raw(record).toString();
+            extract.destinations[m] = text(Destination(m));
+            extract.begins[m] = text(Begin(m));
+            extract.ends[m] = text(End(m));
+            extract.miles[m] = text(Miles(m));
         }
     }
     return extract;
@@ -53,18 +54,25 @@ void PlannerStore::ReadBothYears() {
 void PlannerStore::ReadYear(Year year, const char* procedure) {
     DatedEntries& entries = years[year];
     openIndex[year] = -1;
-    if (year == Year::This)
-        extracts.clear();
     partlyRead[year] = !services_.Trap(procedure, [&] {
         ReadDatedFile(services_.AppFolder, dates_.YearOf(year), kPlannerFile, entries);
     });
     // The figures of what was read, a faulty line's predecessors included.
     if (year == Year::This) {
-        extracts.reserve(entries.Count());
-        for (const QString& record : entries.payloads)
-            extracts.append(ExtractOf(record));
+        readRecords_ = entries.payloads;
+        extracts_.reset();
     }
     emit plannerRead(dates_.YearOf(year));
+}
+
+const QList<PlannerExtract>& PlannerStore::Extracts() const {
+    if (!extracts_) {
+        extracts_.emplace();
+        extracts_->reserve(readRecords_.size());
+        for (const QByteArray& record : readRecords_)
+            extracts_->append(ExtractOf(record));
+    }
+    return *extracts_;
 }
 
 OpenedPage PlannerStore::OpenPlannerRecord() {
@@ -79,7 +87,7 @@ OpenedPage PlannerStore::OpenPlannerRecord() {
         openIndex[year] = entries.IndexOf(datefmt::MmDdYy(date));
         opened.found = openIndex[year] >= 0;
         opened.page = ParsePlannerRecord(
-            opened.found ? QStringView(entries.payloads[openIndex[year]]) : QStringView());
+            opened.found ? textfile::Decode(entries.payloads[openIndex[year]]) : QString());
     });
     return opened;
 }
@@ -129,7 +137,7 @@ bool PlannerStore::StoreRecord(Year year, const char* procedure, const QDate& da
             }
         }
         entries.cellCodes[open] = cell->Code();
-        entries.payloads[open] = record;
+        entries.payloads[open] = textfile::Encode(record);
         stored = true;
     });
     return stored;
@@ -177,5 +185,5 @@ QString PlannerStore::RecordOf(const QDate& date) const {
         return {};
     const DatedEntries& entries = years[dates_.YearSlotOf(date)];
     const qsizetype index = entries.IndexOf(datefmt::MmDdYy(date));
-    return index < 0 ? QString() : entries.payloads[index];
+    return index < 0 ? QString() : textfile::Decode(entries.payloads[index]);
 }

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <array>
 #include <functional>
+#include <optional>
 
 #include "calendar/YearPair.h"
 #include "notes_planner/DatedFile.h"
@@ -33,7 +34,7 @@ struct PlannerExtract {
     std::array<QString, kMileageLines> ends;
     std::array<QString, kMileageLines> miles;
 };
-PlannerExtract ExtractOf(QStringView record);
+PlannerExtract ExtractOf(QByteArrayView record);
 
 // A date's page as the planner window opens it.
 struct OpenedPage {
@@ -54,8 +55,9 @@ public:
     YearPair<DatedEntries> years;
     // The entry of each year that is open in the planner window; -1 when none.
     YearPair<qsizetype> openIndex;
-    // The figures of this year's pages, one per entry, for the reports.
-    QList<PlannerExtract> extracts;
+    // The figures of this year's pages as last read, one per entry, for the reports. Taken
+    // from the records when first asked for after a read.
+    const QList<PlannerExtract>& Extracts() const;
 
     // Replace a year's list and planner flags with its file; this year's also fills the
     // extracts. A faulty line ends the reading; the pages before it stay, and the year is not
@@ -103,4 +105,7 @@ private:
 
     Services& services_;
     const DateModel& dates_;
+    // This year's entries as read, and their figures once asked for.
+    QList<QByteArray> readRecords_;
+    mutable std::optional<QList<PlannerExtract>> extracts_;
 };

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
+#include <algorithm>
 
 // text without the blanks (spaces only, not tabs or other white space) at either end.
 inline QStringView TrimBlanks(QStringView text) {
@@ -17,6 +19,12 @@ inline QStringView TrimBlanks(QStringView text) {
 inline bool IsBlank(QStringView text) {
     return TrimBlanks(text).isEmpty();
 }
+inline bool IsBlank(QByteArrayView bytes) {
+    for (const char c : bytes)
+        if (c != ' ')
+            return false;
+    return true;
+}
 
 // One field of a record kept at fixed character positions: where it starts (counted from 0)
 // and how many characters it takes. A store declares its fields once and reads and writes
@@ -27,6 +35,11 @@ struct Field {
 
     // The field's characters as they stand; shorter (or empty) when the record ends inside it.
     QStringView Raw(QStringView record) const { return record.mid(offset, width); }
+    // The same of a record kept as its bytes.
+    QByteArrayView Raw(QByteArrayView record) const {
+        const qsizetype start = std::min(offset, record.size());
+        return record.sliced(start, std::min(width, record.size() - start));
+    }
     // The field's text without surrounding blanks.
     QString Read(QStringView record) const { return TrimBlanks(Raw(record)).toString(); }
     // Puts value into the field of record: padded with blanks, or cut, to the field's width.

@@ -1,8 +1,6 @@
 #include "shell/TextFile.h"
 
 #include <QFile>
-#include <QStringDecoder>
-#include <QStringEncoder>
 #include <cerrno>
 
 #include "shell/SafeSave.h"
@@ -12,35 +10,44 @@ namespace textfile {
 
 namespace {
 
-const char* const kCodePage = "windows-1252";
+// Characters 0x80-0x9F of windows-1252. The five bytes the code page leaves undefined (81, 8D,
+// 8F, 90, 9D) stand for the control characters of the same number, so every byte has a
+// character and reads back to itself.
+constexpr char16_t kHighHalf[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-// What the encoder writes in place of a character it cannot hold.
-constexpr char kSubstitute = 0x1a;
+// The byte of a character, or -1 when the code page has none.
+int ByteOf(char16_t c) {
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF))
+        return c;
+    for (int i = 0; i < 32; ++i)
+        if (kHighHalf[i] == c)
+            return 0x80 + i;
+    return -1;
+}
 
 }  // namespace
 
-QString Decode(const QByteArray& bytes) {
-    QStringDecoder decoder(kCodePage);
-    return decoder.decode(bytes);
+QString Decode(QByteArrayView bytes) {
+    QString text = QString::fromLatin1(bytes);
+    char16_t* c = reinterpret_cast<char16_t*>(text.data());
+    for (char16_t* const end = c + text.size(); c != end; ++c)
+        if (*c >= 0x80 && *c < 0xA0)
+            *c = kHighHalf[*c - 0x80];
+    return text;
 }
 
-std::optional<QString> FirstUnstorableCharacter(const QString& text) {
-    QStringEncoder encoder(kCodePage);
-    const QByteArray bytes = encoder.encode(text);
-    if (!encoder.hasError())
-        return std::nullopt;
-    // One byte per character, so the n-th substitute byte is the n-th code point of text.
-    qsizetype byte = 0;
-    for (qsizetype i = 0; i < text.size(); ++byte) {
-        const char32_t codePoint = text.at(i).isHighSurrogate() && i + 1 < text.size()
-                                       ? QChar::surrogateToUcs4(text.at(i), text.at(i + 1))
-                                       : text.at(i).unicode();
-        const qsizetype width = codePoint > 0xffff ? 2 : 1;
-        if (byte < bytes.size() && bytes.at(byte) == kSubstitute && codePoint != 0x1a)
-            return text.mid(i, width);
-        i += width;
+std::optional<QString> FirstUnstorableCharacter(QStringView text) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (ByteOf(text[i].unicode()) >= 0)
+            continue;
+        const bool pair =
+            text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        return text.mid(i, pair ? 2 : 1).toString();
     }
-    return text.left(1);
+    return std::nullopt;
 }
 
 QString UnstorableCharacterMessage(const QString& character) {
@@ -54,12 +61,16 @@ QString UnstorableCharacterMessage(const QString& character) {
         .arg(character, hex.rightJustified(4, QLatin1Char('0')));
 }
 
-QByteArray Encode(const QString& text) {
-    QStringEncoder encoder(kCodePage);
-    QByteArray bytes = encoder.encode(text);
-    if (encoder.hasError())
-        Raise(err::InvalidProcedureCall,
-              UnstorableCharacterMessage(FirstUnstorableCharacter(text).value_or(text.left(1))));
+QByteArray Encode(QStringView text) {
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char* out = bytes.data();
+    for (const QChar c : text) {
+        const int byte = ByteOf(c.unicode());
+        if (byte < 0)
+            Raise(err::InvalidProcedureCall,
+                  UnstorableCharacterMessage(*FirstUnstorableCharacter(text)));
+        *out++ = static_cast<char>(byte);
+    }
     return bytes;
 }
 
@@ -81,7 +92,7 @@ QStringList SplitLines(const QString& text) {
     return lines;
 }
 
-QString ReadAll(const QString& path) {
+QByteArray ReadBytes(const QString& path) {
     QFile file(path);
     if (!file.exists())
         Raise(err::FileNotFound);
@@ -92,11 +103,17 @@ QString ReadAll(const QString& path) {
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         safesave::RaiseFileError(file, errno);
-    return Decode(bytes);
+    return bytes;
+}
+
+QString ReadAll(const QString& path) {
+    return Decode(ReadBytes(path));
 }
 
 QStringList ReadLines(const QString& path) {
-    return SplitLines(ReadAll(path));
+    QStringList lines;
+    ForEachLine(ReadBytes(path), [&](QByteArrayView line) { lines.append(Decode(line)); });
+    return lines;
 }
 
 void WriteAll(const QString& path, const QString& text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -9,22 +10,41 @@
 // place that turns such bytes into text and back.
 namespace textfile {
 
-QString Decode(const QByteArray& bytes);
+QString Decode(QByteArrayView bytes);
 
 // The first character of text that a data file cannot hold, if any.
-std::optional<QString> FirstUnstorableCharacter(const QString& text);
+std::optional<QString> FirstUnstorableCharacter(QStringView text);
 
 // The message that refuses to save text holding such a character.
 QString UnstorableCharacterMessage(const QString& character);
 
 // Bytes of text; throws VbError when a character cannot be stored.
-QByteArray Encode(const QString& text);
+QByteArray Encode(QStringView text);
 
 // Splits text into lines: CR LF, a lone CR or a lone LF ends a line; a final line end does
 // not start another (empty) line.
 QStringList SplitLines(const QString& text);
 
+// Calls visit with each line of bytes, split as SplitLines splits text (CR and LF are the same
+// bytes in the code page and in text, so lines can be split before they are decoded).
+template <class Visit>
+void ForEachLine(QByteArrayView bytes, Visit&& visit) {
+    const char* start = bytes.data();
+    const char* const end = start + bytes.size();
+    for (const char* c = start; c != end; ++c) {
+        if (*c != '\r' && *c != '\n')
+            continue;
+        visit(QByteArrayView(start, c - start));
+        if (*c == '\r' && c + 1 != end && c[1] == '\n')
+            ++c;
+        start = c + 1;
+    }
+    if (start != end)
+        visit(QByteArrayView(start, end - start));
+}
+
 // Reads a whole file (error 53 when it is missing, 75 when it cannot be read).
+QByteArray ReadBytes(const QString& path);
 QString ReadAll(const QString& path);
 QStringList ReadLines(const QString& path);
 

@@ -155,11 +155,11 @@ private slots:
     void reportExtractsFlagOnlyPagesWithExpensesOrMileage() {
         PlannerPage page = PageWith("meeting");
         page.slotTexts[kFirstToDoSlot] = "to-do only";
-        PlannerExtract extract = ExtractOf(BuildPlannerRecord(page));
+        PlannerExtract extract = ExtractOf(textfile::Encode(BuildPlannerRecord(page)));
         QVERIFY(!extract.hasExpenses && !extract.hasMileage);
         page.slotTexts[kFirstAmountSlot + 5] = "3.00";
         page.slotTexts[kFirstMilesSlot + 4] = "7";
-        extract = ExtractOf(BuildPlannerRecord(page));
+        extract = ExtractOf(textfile::Encode(BuildPlannerRecord(page)));
         QVERIFY(extract.hasExpenses && extract.hasMileage);
         QCOMPARE(extract.amounts[5], "3.00      ");
         QCOMPARE(extract.miles[4], "7         ");

@@ -30,6 +30,7 @@
 #include "notes_planner/modPlanner.h"
 #include "shell/DateFormats.h"
 #include "shell/Services.h"
+#include "shell/TextFile.h"
 #include "shell/UserPreferences.h"
 
 namespace {
@@ -87,7 +88,8 @@ void SaveNotes(Folder& folder, int content) {
         const QDate date(2026, 1 + day % 12, day);
         const qsizetype i = year.Append(datefmt::MmDdYy(date));
         year.cellCodes[i] = folder.dates.FindDay(date)->Code();
-        year.payloads[i] = EncodeLineBreaks(QStringLiteral("Caf\u00e9 %1\r\nline two").arg(day));
+        year.payloads[i] =
+            textfile::Encode(EncodeLineBreaks(QStringLiteral("Caf\u00e9 %1\r\nline two").arg(day)));
     }
     folder.dialogs.ExpectMsgBox(kNotesSavedMessage, vb::OKOnly, {});
     notes.SaveThisYearsNotes(QStringLiteral("today's note %1").arg(content));
