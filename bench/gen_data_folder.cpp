@@ -154,8 +154,7 @@ PlannerPage FullPage(Random& random) {
     return page;
 }
 
-bool WriteBytes(const QString& path, const QString& text) {
-    const QByteArray bytes = textfile::Encode(text);
+bool WriteBytes(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
         std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
@@ -171,8 +170,8 @@ qint64 WriteYear(const QString& dir, int year, const MarkerColors& colors) {
     Random random(static_cast<quint64>(year) * 7919u + 17u);
     DateModel dates;
     dates.SelectDate(QDate(year, 1, 1));
-    QString notes;
-    QString planner;
+    QByteArray notes;
+    QByteArray planner;
     QString marks;
     const int days = QDate(year, 1, 1).daysInYear();
     notes.reserve(days * 300);
@@ -182,10 +181,12 @@ qint64 WriteYear(const QString& dir, int year, const MarkerColors& colors) {
         const CellIndex cell = *dates.FindDay(date);
         const QString dateKey = datefmt::MmDdYy(date);
         const QString code = cell.Code();
-        notes += FormatDatedLine(dateKey, code, EncodeLineBreaks(NoteText(random)));
-        notes += kCrLfText;
-        planner += FormatDatedLine(dateKey, code, BuildPlannerRecord(FullPage(random)));
-        planner += kCrLfText;
+        notes +=
+            FormatDatedLine(dateKey, code, textfile::Encode(EncodeLineBreaks(NoteText(random))));
+        notes += "\r\n";
+        planner +=
+            FormatDatedLine(dateKey, code, textfile::Encode(BuildPlannerRecord(FullPage(random))));
+        planner += "\r\n";
         const qint32 color = static_cast<qint32>(colors.Color(random.Below(12)));
         marks += FormatMarkLine({cell, color, Sentence(random, 2, 8, 60)});
         marks += kCrLfText;
@@ -195,7 +196,7 @@ qint64 WriteYear(const QString& dir, int year, const MarkerColors& colors) {
         return -1;
     if (!WriteBytes(folder + QLatin1Char('/') + kNotesFile, notes) ||
         !WriteBytes(folder + QLatin1Char('/') + kPlannerFile, planner) ||
-        !WriteBytes(dir + QLatin1Char('/') + DateMarks::FileName(year), marks))
+        !WriteBytes(dir + QLatin1Char('/') + DateMarks::FileName(year), textfile::Encode(marks)))
         return -1;
     // One byte per character.
     return notes.size() + planner.size() + marks.size();

@@ -24,6 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     planner.ReadThisYearsPlanner();
     DatedEntries kept;
     const DatedEntries& read = planner.years[Year::This];
+    kept.fileBytes = read.fileBytes;  // the pages kept are views into the bytes read
     fuzz::Check(planner.Extracts().size() == read.Count(), "one extract per page");
     for (qsizetype i = 0; i < read.Count(); ++i) {
         if (IsBlankRecord(read.payloads[i]))

@@ -14,6 +14,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     } catch (const VbError&) {
     }
     const QStringList lines = textfile::SplitLines(text);
+    QStringList byteLines;
+    textfile::ForEachLine(bytes,
+                          [&](QByteArrayView line) { byteLines.append(textfile::Decode(line)); });
+    fuzz::Check(byteLines == lines, "lines split as bytes are the lines split as text");
     for (const QString& line : lines) {
         fuzz::Check(!line.contains(QLatin1Char('\r')) && !line.contains(QLatin1Char('\n')),
                     "a split line holds no line break");

@@ -51,6 +51,7 @@ void DatedEntries::Clear() {
     dateKeys.clear();
     cellCodes.clear();
     payloads.clear();
+    fileBytes.clear();
     exists.Fill(false);
 }
 
@@ -60,7 +61,8 @@ DatedLine ParseDatedLine(QByteArrayView line) {
     const QByteArrayView code = kCellCodeField.Raw(line);
     parsed.cell = CellOfCode(code);
     parsed.cellCode = QString::fromLatin1(code);
-    parsed.payload = line.sliced(std::min(kPayloadStart, line.size())).toByteArray();
+    const QByteArrayView payload = line.sliced(std::min(kPayloadStart, line.size()));
+    parsed.payload = QByteArray::fromRawData(payload.data(), payload.size());
     return parsed;
 }
 
@@ -90,8 +92,8 @@ void ReadDatedFile(const QString& appFolder, int year, const QString& fileName,
     QString path;
     if (!FileExists(appFolder, YearFileName(year, fileName), &path))
         return;
-    const QByteArray bytes = textfile::ReadBytes(path);
-    textfile::ForEachLine(bytes, [&](QByteArrayView line) {
+    entries.fileBytes = textfile::ReadBytes(path);
+    textfile::ForEachLine(entries.fileBytes, [&](QByteArrayView line) {
         DatedLine parsed = ParseDatedLine(line);
         entries.exists[parsed.cell] = true;
         entries.dateKeys.append(std::move(parsed.dateKey));

@@ -16,8 +16,11 @@ struct DatedEntries {
     // The six digits of each entry's day cell, as the file holds them.
     QStringList cellCodes;
     // Each entry's note or planner record as the file holds it (windows-1252 bytes), so that a
-    // year is read and written without converting what is not shown.
+    // year is read and written without converting what is not shown. The entries read from a
+    // file are views into fileBytes, which they keep alive; an entry that is changed gets bytes
+    // of its own.
     QList<QByteArray> payloads;
+    QByteArray fileBytes;
     // Whether a cell's day has an entry, set from the cell codes read.
     DayGrid<bool> exists;
 
@@ -34,12 +37,14 @@ struct DatedLine {
     QString dateKey;
     QString cellCode;
     CellIndex cell;
+    // A view into the line's bytes.
     QByteArray payload;
 };
 
 // Characters 1-8 are the date key, 10-15 the cell code, 17 on the payload. A cell code that is
 // not six digits raises 13 (type mismatch); one outside the 12 x 7 x 6 grid raises 9. A line
-// too short for a payload has an empty one.
+// too short for a payload has an empty one. The payload is a view into line, valid while line's
+// bytes are.
 DatedLine ParseDatedLine(QByteArrayView line);
 // Throws VbError when the key or the code holds a character the file cannot hold.
 QByteArray FormatDatedLine(const QString& dateKey, const QString& cellCode, QByteArrayView payload);

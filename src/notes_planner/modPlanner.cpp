@@ -59,6 +59,7 @@ void PlannerStore::ReadYear(Year year, const char* procedure) {
     });
     // The figures of what was read, a faulty line's predecessors included.
     if (year == Year::This) {
+        readBytes_ = entries.fileBytes;
         readRecords_ = entries.payloads;
         extracts_.reset();
     }

@@ -105,7 +105,9 @@ private:
 
     Services& services_;
     const DateModel& dates_;
-    // This year's entries as read, and their figures once asked for.
+    // This year's entries as read (with the file's bytes they are views into), and their
+    // figures once asked for.
     QList<QByteArray> readRecords_;
+    QByteArray readBytes_;
     mutable std::optional<QList<PlannerExtract>> extracts_;
 };

@@ -4,6 +4,7 @@
 #include <QByteArrayView>
 #include <QString>
 #include <QStringList>
+#include <cstring>
 #include <optional>
 
 // Every data file is single-byte text (windows-1252) with lines ended by CR LF. This is the one
@@ -31,16 +32,19 @@ template <class Visit>
 void ForEachLine(QByteArrayView bytes, Visit&& visit) {
     const char* start = bytes.data();
     const char* const end = start + bytes.size();
-    for (const char* c = start; c != end; ++c) {
-        if (*c != '\r' && *c != '\n')
-            continue;
-        visit(QByteArrayView(start, c - start));
-        if (*c == '\r' && c + 1 != end && c[1] == '\n')
-            ++c;
-        start = c + 1;
+    while (start != end) {
+        // The next LF, then a CR before it: both searches run over whole words at a time.
+        const auto* lf = static_cast<const char*>(std::memchr(start, '\n', end - start));
+        const char* stop = lf ? lf : end;
+        const auto* cr = static_cast<const char*>(std::memchr(start, '\r', stop - start));
+        if (!cr && !lf) {
+            visit(QByteArrayView(start, end - start));
+            return;
+        }
+        const char* lineEnd = cr ? cr : lf;
+        visit(QByteArrayView(start, lineEnd - start));
+        start = lineEnd + (cr && cr + 1 == lf ? 2 : 1);
     }
-    if (start != end)
-        visit(QByteArrayView(start, end - start));
 }
 
 // Reads a whole file (error 53 when it is missing, 75 when it cannot be read).
