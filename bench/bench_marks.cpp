@@ -33,15 +33,6 @@ public:
     std::optional<quint32> PickColor(quint32, const QString&) override { return {}; }
 };
 
-class NoPlatform final : public Platform {
-public:
-    bool OpenUrl(const QString&) override { return false; }
-    void Beep() override {}
-    bool PrinterPresent() override { return false; }
-    void SetClipboardText(const QString&) override {}
-    void CreateShortcut(const QString&, const QString&, const QStringList&) override {}
-};
-
 // Median time of one run of work, in microseconds.
 double MedianMicros(int rounds, const std::function<void()>& work) {
     std::vector<double> times;
@@ -68,7 +59,7 @@ int main(int argc, char** argv) {
     QTemporaryDir dir;
     QuietDialogs dialogs;
     SystemClock clock;
-    NoPlatform platform;
+    NoDesktop platform;
     Services services(dir.path(), dialogs, clock, platform);
     DateModel dates;
     dates.SelectDate(QDate(2026, 6, 15));

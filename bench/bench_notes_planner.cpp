@@ -66,15 +66,6 @@ public:
     int unexpected = 0;
 };
 
-class NoPlatform final : public Platform {
-public:
-    bool OpenUrl(const QString&) override { return false; }
-    void Beep() override {}
-    bool PrinterPresent() override { return false; }
-    void SetClipboardText(const QString&) override {}
-    void CreateShortcut(const QString&, const QString&, const QStringList&) override {}
-};
-
 using Work = std::function<void(int round)>;
 
 // The median time of one run of each work, in microseconds. The works take turns, round by
@@ -226,7 +217,7 @@ long StatusKb(const char* field) {
 int LoadOnly(const QString& dir, int year) {
     CountingDialogs dialogs;
     SystemClock clock;
-    NoPlatform platform;
+    NoDesktop platform;
     ProgramState state(dir, dialogs, clock, platform);
     state.dates.SelectDate(QDate(year, 6, 15));
     const qsizetype pages =
@@ -424,7 +415,7 @@ int main(int argc, char** argv) {
 
     CountingDialogs dialogs;
     SystemClock clock;
-    NoPlatform platform;
+    NoDesktop platform;
     ProgramState state(dir, dialogs, clock, platform);
     bool ok = BenchYearSwitch(state, dir, rounds, yearA, yearB);
     BenchEachStore(state.services, rounds, yearA, yearB);

@@ -28,20 +28,11 @@ public:
     QDateTime now() const override { return QDateTime(QDate(2026, 6, 15), QTime(9, 30)); }
 };
 
-class NoPlatform final : public Platform {
-public:
-    bool OpenUrl(const QString&) override { return false; }
-    void Beep() override {}
-    bool PrinterPresent() override { return false; }
-    void SetClipboardText(const QString&) override {}
-    void CreateShortcut(const QString&, const QString&, const QStringList&) override {}
-};
-
 struct Env {
     QTemporaryDir dir{QDir::tempPath() + QStringLiteral("/orvanta-fuzz-XXXXXX")};
     QuietDialogs dialogs;
     FixedClock clock;
-    NoPlatform platform;
+    NoDesktop platform;
     Services services{dir.path(), dialogs, clock, platform};
 };
 

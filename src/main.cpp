@@ -6,13 +6,11 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QTextStream>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 
 #include "app/CommandLine.h"
-#include "cli/Commands.h"
 
 namespace {
 
@@ -38,10 +36,5 @@ int main(int argc, char** argv) {
     if (const int* status = std::get_if<int>(&parsed))
         return *status;
     const CommandLine& options = std::get<CommandLine>(parsed);
-    if (options.command.isEmpty())
-        return StartWindowProgram(argv);
-    QTextStream out(stdout), err(stderr);
-    return cli::RunCommand(options.command,
-                           options.dataDir.isEmpty() ? DefaultDataFolder() : options.dataDir, out,
-                           err);
+    return options.command.isEmpty() ? StartWindowProgram(argv) : RunCommand(options);
 }

@@ -2,7 +2,6 @@
 // data folder, then the main window.
 #include <QApplication>
 #include <QDir>
-#include <QTextStream>
 #include <QTimer>
 #include <cstdio>
 
@@ -11,7 +10,6 @@
 #include "app/FirstStart.h"
 #include "app/ProgramState.h"
 #include "app/gui/MainWindow.h"
-#include "cli/Commands.h"
 #include "shell/InstanceLock.h"
 #include "shell/gui/DesktopPlatform.h"
 #include "shell/gui/Icons.h"
@@ -48,11 +46,9 @@ int main(int argc, char** argv) {
     if (const int* status = std::get_if<int>(&parsed))
         return *status;
     const CommandLine& options = std::get<CommandLine>(parsed);
+    if (!options.command.isEmpty())
+        return RunCommand(options);
     const QString folder = options.dataDir.isEmpty() ? DefaultDataFolder() : options.dataDir;
-    if (!options.command.isEmpty()) {
-        QTextStream out(stdout), err(stderr);
-        return cli::RunCommand(options.command, folder, out, err);
-    }
     if (!HasDisplay()) {
         std::fputs(
             "Orvanta is a windowed program and no display was found (DISPLAY is not set).\n"

@@ -2,6 +2,7 @@
 
 #include <QCommandLineParser>
 #include <QStandardPaths>
+#include <QTextStream>
 #include <cstdio>
 
 #include "Version.h"
@@ -61,6 +62,13 @@ std::variant<CommandLine, int> ParseCommandLine(const QStringList& arguments) {
     options.exitWhenShown = parser.isSet(exitWhenShown);
     options.command = parser.positionalArguments();
     return options;
+}
+
+int RunCommand(const CommandLine& options) {
+    QTextStream out(stdout), err(stderr);
+    return cli::RunCommand(options.command,
+                           options.dataDir.isEmpty() ? DefaultDataFolder() : options.dataDir, out,
+                           err);
 }
 
 QString DefaultDataFolder() {

@@ -17,5 +17,9 @@ struct CommandLine {
 // Returns the options, or the exit status when the program should stop now.
 std::variant<CommandLine, int> ParseCommandLine(const QStringList& arguments);
 
+// Runs the command of options on its data folder, printing to standard output and error;
+// returns the exit status.
+int RunCommand(const CommandLine& options);
+
 // The data folder of a user who names none: ~/.local/share/Orvanta on Linux.
 QString DefaultDataFolder();

@@ -32,15 +32,6 @@ private:
     int count_ = 0;
 };
 
-class NoDesktop final : public Platform {
-public:
-    bool OpenUrl(const QString&) override { return false; }
-    void Beep() override {}
-    bool PrinterPresent() override { return false; }
-    void SetClipboardText(const QString&) override {}
-    void CreateShortcut(const QString&, const QString&, const QStringList&) override {}
-};
-
 struct ConsoleSeams {
     explicit ConsoleSeams(QTextStream& err) : dialogs(err) {}
     ConsoleDialogs dialogs;

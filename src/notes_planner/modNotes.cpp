@@ -42,10 +42,6 @@ void NotesStore::ReadNextYearsNotes() {
     ReadYear(Year::Next, "ReadNextYearsNotes");
 }
 
-void NotesStore::Read(Year year) {
-    year == Year::Next ? ReadNextYearsNotes() : ReadThisYearsNotes();
-}
-
 void NotesStore::ReadBothYears() {
     ReadThisYearsNotes();
     ReadNextYearsNotes();
@@ -57,10 +53,6 @@ bool NotesStore::SaveThisYearsNotes(const QString& text) {
 
 bool NotesStore::SaveNextYearsNotes(const QString& text) {
     return SaveYear(Year::Next, "SaveNextYearsNotes", text);
-}
-
-bool NotesStore::Save(Year year, const QString& text) {
-    return year == Year::Next ? SaveNextYearsNotes(text) : SaveThisYearsNotes(text);
 }
 
 void NotesStore::ReadYear(Year year, const char* procedure) {

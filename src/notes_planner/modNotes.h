@@ -41,7 +41,6 @@ public:
     // before it stay, and the year is not saved again until it has been read whole.
     void ReadThisYearsNotes();
     void ReadNextYearsNotes();
-    void Read(Year year);
     void ReadBothYears() override;
 
     // Take text as the note of the selected date (a date of this year, or of next year) and
@@ -50,7 +49,6 @@ public:
     // the year was read only in part, or the write failed.
     bool SaveThisYearsNotes(const QString& text);
     bool SaveNextYearsNotes(const QString& text);
-    bool Save(Year year, const QString& text);
 
     // The selected date's note, decoded, under its caption.
     ShownNote DisplayThisNote();

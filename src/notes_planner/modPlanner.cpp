@@ -42,10 +42,6 @@ void PlannerStore::ReadNextYearsPlanner() {
     ReadYear(Year::Next, "ReadNextYearsPlanner");
 }
 
-void PlannerStore::Read(Year year) {
-    year == Year::Next ? ReadNextYearsPlanner() : ReadThisYearsPlanner();
-}
-
 void PlannerStore::ReadBothYears() {
     ReadThisYearsPlanner();
     ReadNextYearsPlanner();
@@ -108,10 +104,6 @@ bool PlannerStore::SavePlannerRecord2(const QDate& date, const PlannerPage& page
     return StoreRecord(Year::Next, "SavePlannerRecord2", date, page);
 }
 
-bool PlannerStore::StorePage(Year year, const QDate& date, const PlannerPage& page) {
-    return year == Year::Next ? SavePlannerRecord2(date, page) : SavePlannerRecord(date, page);
-}
-
 bool PlannerStore::StoreRecord(Year year, const char* procedure, const QDate& date,
                                const PlannerPage& page) {
     const QString record = BuildPlannerRecord(page);
@@ -150,10 +142,6 @@ bool PlannerStore::SaveThisYearsPlannerFile() {
 
 bool PlannerStore::SaveNextYearsPlannerFile() {
     return SaveYear(Year::Next, "SaveNextYearsPlannerFile", kPlannerSavedMessage);
-}
-
-bool PlannerStore::SaveFile(Year year) {
-    return year == Year::Next ? SaveNextYearsPlannerFile() : SaveThisYearsPlannerFile();
 }
 
 bool PlannerStore::SaveYear(Year year, const char* procedure, const QString& message) {

@@ -64,7 +64,6 @@ public:
     // saved again until it has been read whole.
     void ReadThisYearsPlanner();
     void ReadNextYearsPlanner();
-    void Read(Year year);
     void ReadBothYears() override;
 
     // Make the selected date's entry the open one and give its page (a page without text when
@@ -81,14 +80,12 @@ public:
     // whether the page was stored.
     bool SavePlannerRecord(const QDate& date, const PlannerPage& page);
     bool SavePlannerRecord2(const QDate& date, const PlannerPage& page);
-    bool StorePage(Year year, const QDate& date, const PlannerPage& page);
 
     // Rewrite the year's file with every page that is not blank, then say "Planner Records
     // Updated" (this year) or "Planner Saved" (next year). This year's file is not written
     // while its list holds more than 366 entries. Returns whether the file was written.
     bool SaveThisYearsPlannerFile();
     bool SaveNextYearsPlannerFile();
-    bool SaveFile(Year year);
 
     bool HasPlanner(const QDate& date) const;
     // A date's record; empty when it has none.

@@ -20,3 +20,14 @@ public:
     virtual void CreateShortcut(const QString& name, const QString& program,
                                 const QStringList& arguments) = 0;
 };
+
+// Where there is no desktop (the command line, benchmarks, fuzzing): nothing opens, nothing
+// sounds, no printer is found, and no launcher can be made.
+class NoDesktop final : public Platform {
+public:
+    bool OpenUrl(const QString&) override { return false; }
+    void Beep() override {}
+    bool PrinterPresent() override { return false; }
+    void SetClipboardText(const QString&) override {}
+    void CreateShortcut(const QString&, const QString&, const QStringList&) override {}
+};

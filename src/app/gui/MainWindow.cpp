@@ -34,8 +34,7 @@ MainWindow CreateMainWindow(ProgramState& state) {
         state.dates.ReadYearStores();
         calendar->Show1YearCalendar();
         frame.ShowSelectedDate(state.dates.SelectedDate);
-        notesPlanner->ShowIndicators();
-        notesPlanner->FillTasks();
+        notesPlanner->Refresh();
     });
     return window;
 }

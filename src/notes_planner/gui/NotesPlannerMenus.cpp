@@ -105,7 +105,11 @@ void NotesPlannerMenus::ScheduleRefresh() {
     if (refreshPending_)
         return;
     refreshPending_ = true;
-    QTimer::singleShot(0, this, &NotesPlannerMenus::Refresh);
+    // A refresh made in the meantime (the load step's) leaves nothing to do.
+    QTimer::singleShot(0, this, [this] {
+        if (refreshPending_)
+            Refresh();
+    });
 }
 
 void NotesPlannerMenus::Refresh() {

@@ -19,6 +19,9 @@ public:
     NotesPlannerMenus(frmMain& frame, DateModel& dates, NotesStore& notes, PlannerStore& planner,
                       CalendarMenus& calendar);
 
+    // Shows what the stores now hold: the indicators, the tasks and the calendar. Runs once
+    // after the stores' reads, and at load.
+    void Refresh();
     // Fills lstTasks with the selected month's dates that have a note or a planner page, in
     // date order, each with the first line of its page or note.
     void FillTasks();
@@ -32,7 +35,6 @@ public:
 private:
     // After a year's notes or planner were read: everything that shows them, once.
     void ScheduleRefresh();
-    void Refresh();
     void lstTasks_Click(QListWidgetItem* item);
 
     frmMain& frame_;
