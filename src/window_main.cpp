@@ -13,6 +13,7 @@
 #include "shell/InstanceLock.h"
 #include "shell/gui/DesktopPlatform.h"
 #include "shell/gui/Icons.h"
+#include "shell/gui/Printing.h"
 #include "shell/gui/QtDialogs.h"
 
 namespace {
@@ -76,7 +77,8 @@ int main(int argc, char** argv) {
     DesktopPlatform platform;
     ProgramState state(folder, dialogs, clock, platform);
     InstallDefaultFiles(state.services);
-    MainWindow window = CreateMainWindow(state);
+    DesktopPrinter printer(dialogs, platform);
+    MainWindow window = CreateMainWindow(state, printer);
     dialogs.SetParent(window.frame.get());
     QuitWhenShown quitWhenShown;
     if (options.exitWhenShown)

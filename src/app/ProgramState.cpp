@@ -5,7 +5,8 @@ ProgramState::ProgramState(const QString& dataFolder, Dialogs& dialogs, Clock& c
     : services(dataFolder, dialogs, clock, platform),
       marks(services, dates, markerColors),
       notes(services, dates),
-      planner(services, dates) {
+      planner(services, dates),
+      unsaved(services) {
     // Every store with a table per year reads both years again when the year on show changes.
     dates.AddYearStore(&marks);
     dates.AddYearStore(&notes);

@@ -4,6 +4,8 @@
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
 #include "help/modHelp.h"
+#include "notes_planner/SearchState.h"
+#include "notes_planner/UnsavedWork.h"
 #include "notes_planner/modNotes.h"
 #include "notes_planner/modPlanner.h"
 #include "shell/Prompts.h"
@@ -25,4 +27,6 @@ struct ProgramState {
     DateMarks marks;
     NotesStore notes;
     PlannerStore planner;
+    SearchState search;
+    UnsavedWork unsaved;
 };

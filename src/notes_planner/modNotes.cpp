@@ -47,12 +47,12 @@ void NotesStore::ReadBothYears() {
     ReadNextYearsNotes();
 }
 
-bool NotesStore::SaveThisYearsNotes(const QString& text) {
-    return SaveYear(Year::This, "SaveThisYearsNotes", text);
+bool NotesStore::SaveThisYearsNotes(const QDate& date, const QString& text) {
+    return SaveYear(Year::This, "SaveThisYearsNotes", date, text);
 }
 
-bool NotesStore::SaveNextYearsNotes(const QString& text) {
-    return SaveYear(Year::Next, "SaveNextYearsNotes", text);
+bool NotesStore::SaveNextYearsNotes(const QDate& date, const QString& text) {
+    return SaveYear(Year::Next, "SaveNextYearsNotes", date, text);
 }
 
 void NotesStore::ReadYear(Year year, const char* procedure) {
@@ -63,7 +63,8 @@ void NotesStore::ReadYear(Year year, const char* procedure) {
     emit notesRead(dates_.YearOf(year));
 }
 
-bool NotesStore::SaveYear(Year year, const char* procedure, const QString& text) {
+bool NotesStore::SaveYear(Year year, const char* procedure, const QDate& date,
+                          const QString& text) {
     if (const auto bad = textfile::FirstUnstorableCharacter(text)) {
         services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
         return false;
@@ -73,7 +74,7 @@ bool NotesStore::SaveYear(Year year, const char* procedure, const QString& text)
                                              YearFileName(yearNumber, kNotesFile)))
         return false;
     return services_.Trap(procedure, [&] {
-        const QString dateKey = datefmt::MmDdYy(dates_.SelectedDate);
+        const QString dateKey = datefmt::MmDdYy(date);
         const DateHolderGrid& holder =
             year == Year::Next ? dates_.NextDateHolder : dates_.DateHolder;
         const auto cell = FindInHolder(holder, dateKey);

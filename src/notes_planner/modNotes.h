@@ -43,12 +43,12 @@ public:
     void ReadNextYearsNotes();
     void ReadBothYears() override;
 
-    // Take text as the note of the selected date (a date of this year, or of next year) and
-    // rewrite the year's file with every note that is not blank, then say "Notes Saved".
-    // Returns false when nothing was saved: the text holds a character the file cannot hold,
-    // the year was read only in part, or the write failed.
-    bool SaveThisYearsNotes(const QString& text);
-    bool SaveNextYearsNotes(const QString& text);
+    // Take text as the note of date (a date of this year, or of next year) and rewrite the
+    // year's file with every note that is not blank, then say "Notes Saved". Returns false
+    // when nothing was saved: the text holds a character the file cannot hold, the year was
+    // read only in part, or the write failed.
+    bool SaveThisYearsNotes(const QDate& date, const QString& text);
+    bool SaveNextYearsNotes(const QDate& date, const QString& text);
 
     // The selected date's note, decoded, under its caption.
     ShownNote DisplayThisNote();
@@ -63,7 +63,7 @@ signals:
 
 private:
     void ReadYear(Year year, const char* procedure);
-    bool SaveYear(Year year, const char* procedure, const QString& text);
+    bool SaveYear(Year year, const char* procedure, const QDate& date, const QString& text);
 
     Services& services_;
     const DateModel& dates_;

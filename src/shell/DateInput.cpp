@@ -41,3 +41,20 @@ QDate ParseDateInput(const QString& text, int nearYear) {
     }
     return {};
 }
+
+QTime ParseTimeInput(const QString& text) {
+    static const QRegularExpression pattern(
+        QStringLiteral("^(\\d{1,2})(?::(\\d{2}))?(?::(\\d{2}))?\\s*(?:([AaPp])\\.?[Mm]?\\.?)?$"));
+    const auto m = pattern.match(text.trimmed());
+    if (!m.hasMatch() || (m.captured(2).isEmpty() && m.captured(4).isEmpty()))
+        return {};
+    int hour = m.captured(1).toInt();
+    const QString half = m.captured(4).toUpper();
+    if (!half.isEmpty()) {
+        // On the twelve-hour clock 12 AM is midnight and 12 PM noon.
+        if (hour < 1 || hour > 12)
+            return {};
+        hour = hour % 12 + (half == u"P" ? 12 : 0);
+    }
+    return QTime(hour, m.captured(2).toInt(), m.captured(3).toInt());
+}

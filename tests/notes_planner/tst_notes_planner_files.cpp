@@ -34,7 +34,7 @@ private slots:
         const auto save = [&](const QDate& date, const QString& text) {
             env.dialogs.ExpectMsgBox("Notes Saved", vb::OKOnly, "");
             env.select(date);
-            QVERIFY(notes.SaveThisYearsNotes(text));
+            QVERIFY(notes.SaveThisYearsNotes(date, text));
         };
         save(kMarch7, "a\r\nb");
         save(QDate(2026, 1, 1), "New year");
@@ -69,7 +69,7 @@ private slots:
         QVERIFY(!env.state->planner.HasPlanner(QDate(2027, 3, 1)));
         env.select(QDate(2026, 2, 1));
         env.dialogs.ExpectMsgBox("Notes Saved", vb::OKOnly, "");
-        notes.SaveThisYearsNotes("second");
+        notes.SaveThisYearsNotes(QDate(2026, 2, 1), "second");
         QCOMPARE(env.read("2026/notes.DAT"),
                  "03/07/26:020601:stored code\r\n02/01/26:010000:second\r\n");
         VERIFY_DIALOGS(env.dialogs);
@@ -96,7 +96,7 @@ private slots:
         QVERIFY(notes ? env.state->notes.HasNote(kMarch7) : env.state->planner.HasPlanner(kMarch7));
         QVERIFY(!env.state->notes.HasNote(QDate(2026, 3, 9)));
         env.dialogs.ExpectMsgBox(PartlyReadFileMessage(file.replace('/', '\\')), kWarningStyle, "");
-        QVERIFY(notes ? !env.state->notes.SaveThisYearsNotes("new")
+        QVERIFY(notes ? !env.state->notes.SaveThisYearsNotes(kMarch7, "new")
                       : !env.state->planner.SaveThisYearsPlannerFile());
         QCOMPARE(env.read(file.replace('\\', '/')), bytes);
         VERIFY_DIALOGS(env.dialogs);
@@ -106,7 +106,7 @@ private slots:
         TestEnv env;
         env.select(kMarch7);
         env.dialogs.ExpectMsgBox(textfile::UnstorableCharacterMessage("\u65e5"), kWarningStyle, "");
-        QVERIFY(!env.state->notes.SaveThisYearsNotes("\u65e5"));
+        QVERIFY(!env.state->notes.SaveThisYearsNotes(kMarch7, "\u65e5"));
         env.dialogs.ExpectMsgBox(textfile::UnstorableCharacterMessage("\u65e5"), kWarningStyle, "");
         QVERIFY(!env.state->planner.SavePlannerRecord(kMarch7, PageWith("\u65e5")));
         QVERIFY(!env.exists("2026"));

@@ -77,7 +77,7 @@ private slots:
         // A note saved (and read again, as the notes window does) shows at once.
         emit f.frame().dateChosen(QDate(2027, 9, 1));
         f.env.dialogs.ExpectMsgBox("Notes Saved", vb::OKOnly, "");
-        f.env.state->notes.SaveThisYearsNotes("saved");
+        f.env.state->notes.SaveThisYearsNotes(QDate(2027, 9, 1), "saved");
         f.env.state->notes.ReadThisYearsNotes();
         QCoreApplication::processEvents();
         QVERIFY(imgNotes->isEnabled());

@@ -92,7 +92,7 @@ void SaveNotes(Folder& folder, int content) {
             textfile::Encode(EncodeLineBreaks(QStringLiteral("Caf\u00e9 %1\r\nline two").arg(day)));
     }
     folder.dialogs.ExpectMsgBox(kNotesSavedMessage, vb::OKOnly, {});
-    notes.SaveThisYearsNotes(QStringLiteral("today's note %1").arg(content));
+    notes.SaveThisYearsNotes(kToday, QStringLiteral("today's note %1").arg(content));
 }
 
 void SavePlanner(Folder& folder, int content) {

@@ -1,8 +1,13 @@
 #include "MainWindowFixture.h"
 
+#include <QDir>
+
 #include "calendar/gui/CalendarView.h"
 
-MainWindowFixture::MainWindowFixture(const QDateTime& now) : env(now) {}
+MainWindowFixture::MainWindowFixture(const QDateTime& now)
+    : env(now), printer(env.dir.filePath(QStringLiteral("printouts"))) {
+    QDir().mkpath(env.dir.filePath(QStringLiteral("printouts")));
+}
 
 MainWindowFixture::~MainWindowFixture() {
     if (window.frame)
@@ -11,7 +16,7 @@ MainWindowFixture::~MainWindowFixture() {
 }
 
 void MainWindowFixture::Start() {
-    window = CreateMainWindow(*env.state);
+    window = CreateMainWindow(*env.state, printer);
     frame().show();
     frame().Form_Load();
     frame().setWindowState(Qt::WindowNoState);

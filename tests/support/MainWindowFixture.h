@@ -6,6 +6,7 @@
 #include "TestEnv.h"
 #include "app/gui/MainWindow.h"
 #include "calendar/gui/CalendarMenus.h"
+#include "shell/gui/Printing.h"
 
 // The main window of a fresh program on a temporary data folder: loaded, shown at a size that
 // gives the calendar room, with scripted dialogs. Every box it expects must be shown by the
@@ -30,5 +31,7 @@ struct MainWindowFixture {
     QColor Painted(const QDate& date) const;
 
     TestEnv env;
+    // Printouts go to PDF files in the data folder's "printouts".
+    PdfPrinter printer;
     MainWindow window;
 };

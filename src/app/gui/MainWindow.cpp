@@ -6,15 +6,17 @@
 #include "notes_planner/gui/NotesPlannerMenus.h"
 #include "shell/gui/ShellMenus.h"
 
-MainWindow CreateMainWindow(ProgramState& state) {
+MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     MainWindow window;
     window.frame = std::make_unique<frmMain>(state.services, state.changes, state.prefs);
     frmMain& frame = *window.frame;
     auto* help = new HelpMenus(frame, state.help, state.services);
     auto* calendar =
         new CalendarMenus(frame, state.services, state.dates, state.markerColors, state.marks);
-    auto* notesPlanner =
-        new NotesPlannerMenus(frame, state.dates, state.notes, state.planner, *calendar);
+    const NotesPlannerContext context{frame,         state.services, state.dates, state.notes,
+                                      state.planner, state.changes,  state.prefs, state.search,
+                                      state.unsaved, printer,        {}};
+    auto* notesPlanner = new NotesPlannerMenus(context, *calendar);
     new ShellMenus(frame, state.services, state.prefs);
     window.help = help;
     window.calendar = calendar;
@@ -22,7 +24,8 @@ MainWindow CreateMainWindow(ProgramState& state) {
 
     // What the program reads at start-up, in this order: the help topics, the preferences,
     // the working date from today, the marker colours, both years' date holders and the
-    // per-year stores, then the year's calendar and the month's tasks.
+    // per-year stores, then the year's calendar and the month's tasks; last, typing a session
+    // ended without saving is offered back.
     frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner] {
         help->LoadHelpTopics();
         state.prefs.GetUserPreferences(state.services);
@@ -35,6 +38,7 @@ MainWindow CreateMainWindow(ProgramState& state) {
         calendar->Show1YearCalendar();
         frame.ShowSelectedDate(state.dates.SelectedDate);
         notesPlanner->Refresh();
+        notesPlanner->OfferUnsavedWork();
     });
     return window;
 }

@@ -7,6 +7,7 @@
 class CalendarMenus;
 class HelpMenus;
 class NotesPlannerMenus;
+class Printer;
 struct ProgramState;
 
 // The main window as the program runs it: the frame, each subsystem's part of it connected to
@@ -18,4 +19,5 @@ struct MainWindow {
     NotesPlannerMenus* notesPlanner = nullptr;
 };
 
-MainWindow CreateMainWindow(ProgramState& state);
+// printer: where the program's printouts go.
+MainWindow CreateMainWindow(ProgramState& state, Printer& printer);

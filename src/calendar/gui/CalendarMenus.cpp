@@ -89,8 +89,6 @@ void CalendarMenus::ConnectViews() {
             &CalendarMenus::Show1YearCalendar);
     connect(button(QStringLiteral("imgOpt"), 0), &QToolButton::clicked, this,
             &CalendarMenus::imgOpt_Advance);
-    button(QStringLiteral("imgOpt"), 1)->setEnabled(false);
-    button(QStringLiteral("imgOpt"), 2)->setEnabled(false);
     connect(&frame_, &frmMain::dateChosen, this, &CalendarMenus::DateChosen);
     connect(&dates_, &DateModel::selectedDateChanged, &frame_, &frmMain::ShowSelectedDate);
 }
@@ -125,6 +123,7 @@ void CalendarMenus::ShowCalendar(ViewKind kind) {
                                          [this](const QDate& date) { return LookOf(date); });
         connect(created, &CalendarView::contextMenuAt, this,
                 [this](const QDate&, const QPoint& at) { DateOptionsMenu()->popup(at); });
+        connect(created, &CalendarView::dateActivated, this, &CalendarMenus::dayActivated);
         return created;
     }));
     view->SetViewKind(kind);

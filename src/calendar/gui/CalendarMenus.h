@@ -46,6 +46,10 @@ public:
     // The Date Options menu, also offered on a day's right click.
     QMenu* DateOptionsMenu() const;
 
+signals:
+    // A day was double-clicked, or Enter pressed on it, in a calendar view.
+    void dayActivated(const QDate& date);
+
 private:
     void ConnectMarkMenus();
     void ConnectViews();

@@ -3,13 +3,19 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QTimer>
+#include <QToolButton>
 
 #include "calendar/DateModel.h"
 #include "calendar/gui/CalendarMenus.h"
+#include "notes_planner/gui/UnsavedTracker.h"
+#include "notes_planner/gui/frmNotes.h"
+#include "notes_planner/gui/frmPlanner.h"
 #include "notes_planner/modNotes.h"
 #include "notes_planner/modPlanner.h"
 #include "shell/DateFormats.h"
+#include "shell/Dialogs.h"
 #include "shell/FixedWidth.h"
+#include "shell/Services.h"
 #include "shell/gui/Icons.h"
 #include "shell/gui/frmMain.h"
 
@@ -41,15 +47,15 @@ QString FirstToDoOf(const PlannerPage& page) {
 
 }  // namespace
 
-NotesPlannerMenus::NotesPlannerMenus(frmMain& frame, DateModel& dates, NotesStore& notes,
-                                     PlannerStore& planner, CalendarMenus& calendar)
-    : QObject(&frame),
-      frame_(frame),
-      dates_(dates),
-      notes_(notes),
-      planner_(planner),
+NotesPlannerMenus::NotesPlannerMenus(const NotesPlannerContext& context, CalendarMenus& calendar)
+    : QObject(&context.frame),
+      context_(context),
+      frame_(context.frame),
+      dates_(context.dates),
+      notes_(context.notes),
+      planner_(context.planner),
       calendar_(calendar),
-      lstTasks_(frame.Control<QListWidget>(QStringLiteral("lstTasks"))) {
+      lstTasks_(frame_.Control<QListWidget>(QStringLiteral("lstTasks"))) {
     calendar_.AddDayDecorator([this](const QDate& date, DayLook& look) {
         look.hasNotes = notes_.HasNote(date);
         look.hasPlanner = planner_.HasPlanner(date);
@@ -63,6 +69,81 @@ NotesPlannerMenus::NotesPlannerMenus(frmMain& frame, DateModel& dates, NotesStor
     });
     connect(lstTasks_, &QListWidget::itemClicked, this, &NotesPlannerMenus::lstTasks_Click);
     connect(lstTasks_, &QListWidget::itemActivated, this, &NotesPlannerMenus::lstTasks_Click);
+    ConnectOpeners();
+    RegisterEditors();
+}
+
+void NotesPlannerMenus::ConnectOpeners() {
+    planner_.plannerWindowOpener = [this] { OpenPlanner(); };
+    const auto openNotes = [this] { OpenOn(dates_.SelectedDate, false); };
+    const auto openPlanner = [this] { OpenOn(dates_.SelectedDate, true); };
+    Handle(frame_.MenuItem(QStringLiteral("mnuOptDateOpenNotes")), this, openNotes);
+    Handle(frame_.MenuItem(QStringLiteral("mnuOptDateOpenPlanner")), this, openPlanner);
+    auto* notesButton = frame_.Control<QToolButton>(ArrayName(QStringLiteral("imgOpt"), 1));
+    auto* plannerButton = frame_.Control<QToolButton>(ArrayName(QStringLiteral("imgOpt"), 2));
+    notesButton->setEnabled(true);
+    plannerButton->setEnabled(true);
+    connect(notesButton, &QToolButton::clicked, this, openNotes);
+    connect(plannerButton, &QToolButton::clicked, this, openPlanner);
+    connect(&calendar_, &CalendarMenus::dayActivated, this,
+            [this](const QDate& date) { OpenOn(date, true); });
+}
+
+void NotesPlannerMenus::RegisterEditors() {
+    EditorHooks& editors = frame_.editors();
+    editors.plannerOpen = [this] { return plannerWindow() != nullptr; };
+    editors.notesOpen = [this] { return notesWindow() != nullptr; };
+    editors.savePlanner = [this] { plannerWindow()->mnuFileSave_Click(); };
+    editors.saveNotes = [this] { notesWindow()->mnuFileSave_Click(); };
+}
+
+frmNotes* NotesPlannerMenus::notesWindow() const {
+    return qobject_cast<frmNotes*>(frame_.ChildWindow(QString::fromLatin1(frmNotes::kName)));
+}
+
+frmPlanner* NotesPlannerMenus::plannerWindow() const {
+    return qobject_cast<frmPlanner*>(frame_.ChildWindow(QString::fromLatin1(frmPlanner::kName)));
+}
+
+void NotesPlannerMenus::OpenOn(const QDate& date, bool planner) {
+    dates_.SelectDate(date);
+    if (planner)
+        planner_.OpenThePlanner();
+    else
+        OpenNotes();
+}
+
+frmNotes* NotesPlannerMenus::OpenNotes(bool askToRestore) {
+    auto* window = static_cast<frmNotes*>(frame_.ShowChild(
+        QString::fromLatin1(frmNotes::kName), [this] { return new frmNotes(context_); }));
+    window->ShowSelectedDate(askToRestore);
+    window->setFocus();
+    return window;
+}
+
+frmPlanner* NotesPlannerMenus::OpenPlanner(bool askToRestore) {
+    auto* window = static_cast<frmPlanner*>(frame_.ShowChild(
+        QString::fromLatin1(frmPlanner::kName), [this] { return new frmPlanner(context_); }));
+    window->ShowSelectedDate(askToRestore);
+    window->setFocus();
+    return window;
+}
+
+void NotesPlannerMenus::OfferUnsavedWork() {
+    for (const EditorKind kind : {EditorKind::Notes, EditorKind::Planner}) {
+        const std::optional<UnsavedEdit> leftover = context_.unsaved.Leftover(kind);
+        if (!leftover || leftover->offered)
+            continue;
+        context_.unsaved.MarkOffered(kind);
+        if (context_.services.dialogs.MsgBox(RestoreQuestion(kind, leftover->date), kQuestionStyle,
+                                             RestoreTitle(kind)) != vb::Yes)
+            continue;
+        dates_.SelectDate(leftover->date);
+        if (kind == EditorKind::Planner)
+            OpenPlanner(false);
+        else
+            OpenNotes(false);
+    }
 }
 
 QString NotesPlannerMenus::TaskSummary(const QDate& date) const {
@@ -120,8 +201,9 @@ void NotesPlannerMenus::Refresh() {
 }
 
 void NotesPlannerMenus::lstTasks_Click(QListWidgetItem* item) {
-    // The notes and planner windows open from here once they exist; until then the task's
-    // date is selected.
-    if (item)
-        emit frame_.dateChosen(item->data(Qt::UserRole).toDate());
+    if (!item)
+        return;
+    const QDate date = item->data(Qt::UserRole).toDate();
+    emit frame_.dateChosen(date);
+    OpenOn(date, planner_.HasPlanner(date));
 }

@@ -3,21 +3,34 @@
 #include <QDate>
 #include <QObject>
 
+#include "notes_planner/UnsavedWork.h"
+#include "notes_planner/gui/NotesPlannerContext.h"
+
 class CalendarMenus;
-class DateModel;
-class NotesStore;
-class PlannerStore;
 class QListWidget;
 class QListWidgetItem;
-class frmMain;
+class frmNotes;
+class frmPlanner;
 
 // The notes and planner's part of the main window: which days of the calendar views have a
-// note or a planner page, the two indicators of the selected date, and the month's tasks.
+// note or a planner page, the two indicators of the selected date, the month's tasks, and the
+// notes and planner windows, opened from the menus, the buttons, the calendar and the tasks.
 class NotesPlannerMenus : public QObject {
     Q_OBJECT
 public:
-    NotesPlannerMenus(frmMain& frame, DateModel& dates, NotesStore& notes, PlannerStore& planner,
-                      CalendarMenus& calendar);
+    NotesPlannerMenus(const NotesPlannerContext& context, CalendarMenus& calendar);
+
+    // The notes or the planner window on the selected date, opened or brought up.
+    // askToRestore false: a safety copy of the date is restored without asking.
+    frmNotes* OpenNotes(bool askToRestore = true);
+    frmPlanner* OpenPlanner(bool askToRestore = true);
+    frmNotes* notesWindow() const;
+    frmPlanner* plannerWindow() const;
+
+    // At start-up: typing a session ended without saving is offered back, once, each editor's
+    // with a question; Yes opens its editor on its date with the text restored, No leaves it
+    // to be offered when that date's editor is opened.
+    void OfferUnsavedWork();
 
     // Shows what the stores now hold: the indicators, the tasks and the calendar. Runs once
     // after the stores' reads, and at load.
@@ -33,10 +46,15 @@ public:
     QString TaskSummary(const QDate& date) const;
 
 private:
+    void ConnectOpeners();
+    void RegisterEditors();
     // After a year's notes or planner were read: everything that shows them, once.
     void ScheduleRefresh();
+    // Opens the planner of date when it has a page, else its notes.
     void lstTasks_Click(QListWidgetItem* item);
+    void OpenOn(const QDate& date, bool planner);
 
+    NotesPlannerContext context_;
     frmMain& frame_;
     DateModel& dates_;
     NotesStore& notes_;

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStyle>
@@ -15,6 +16,9 @@ ChildWindow::ChildWindow(Services& services, const QString& name, const QString&
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
+    // A click on a label or on a button that takes no focus leaves the focus where it was,
+    // instead of handing it to the scrolling frame.
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(body_);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -34,10 +38,26 @@ void ChildWindow::CloseWindow() {
     close();
 }
 
+QMenuBar* ChildWindow::MenuBar() {
+    if (!menuBar_) {
+        menuBar_ = new QMenuBar(this);
+        menuBar_->setNativeMenuBar(false);
+        layout()->setMenuBar(menuBar_);
+    }
+    return menuBar_;
+}
+
+void ChildWindow::SetShortcut(QAction* action, const QKeySequence& keys) {
+    action->setShortcut(keys);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(action);
+}
+
 QSize ChildWindow::sizeHint() const {
     // As large as the controls want, with room for a vertical scroll bar should the frame cut
     // the height, so that the width never has to scroll as well.
-    return body_->sizeHint() + QSize(style()->pixelMetric(QStyle::PM_ScrollBarExtent), 0);
+    const QSize menu = menuBar_ ? QSize(0, menuBar_->sizeHint().height()) : QSize();
+    return body_->sizeHint() + menu + QSize(style()->pixelMetric(QStyle::PM_ScrollBarExtent), 0);
 }
 
 void ChildWindow::closeEvent(QCloseEvent* event) {

@@ -6,6 +6,8 @@
 #include "shell/gui/Controls.h"
 
 class QCloseEvent;
+class QKeySequence;
+class QMenuBar;
 
 // The common part of every child window of the main frame. The frame creates a child window
 // once and raises it when it is asked for again; the window closes on Esc; each handler runs
@@ -36,6 +38,11 @@ public:
 protected:
     // The widget that holds the window's controls.
     QWidget* Body() const { return body_; }
+    // The window's own menu bar, above its controls; made when first asked for.
+    QMenuBar* MenuBar();
+    // Gives a menu item its shortcut keys, which work wherever the focus is in this window
+    // (and only there, so that two windows may use the same keys).
+    void SetShortcut(QAction* action, const QKeySequence& keys);
 
     // Runs body whenever sender emits signal, in the trap under the handler's name.
     template <class Sender, class Signal, class Handler>
@@ -54,4 +61,5 @@ protected:
 
 private:
     QWidget* body_;
+    QMenuBar* menuBar_ = nullptr;
 };

@@ -8,8 +8,10 @@
 #include <QPagedPaintDevice>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QTextLayout>
+#include <QVBoxLayout>
 
 #include "shell/Platform.h"
 #include "shell/ShellMessages.h"
@@ -137,33 +139,53 @@ void PageWriter::Reserve(qreal height) {
     }
 }
 
-void PageWriter::DrawLine(const QString& text) {
+void PageWriter::DrawLine(const QString& text, qreal leftPx) {
     const qreal height = LineHeight(font_);
     Reserve(height);
     painter_.setFont(font_);
-    painter_.drawText(QPointF(0, y_ + QFontMetricsF(font_, &device_).ascent()), text);
+    painter_.drawText(QPointF(leftPx, y_ + QFontMetricsF(font_, &device_).ascent()), text);
     y_ += height;
 }
 
-void PageWriter::Line(const QString& text) {
+QStringList PageWriter::Wrap(const QString& text, qreal widthPx) {
     QTextOption wrapping;
     wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     QString paragraphs = text;
     paragraphs.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    QStringList pieces;
     for (const QString& paragraph : paragraphs.split(QLatin1Char('\n'))) {
         QTextLayout layout(paragraph, font_, &device_);
         layout.setTextOption(wrapping);
-        QStringList pieces;
+        const qsizetype before = pieces.size();
         layout.beginLayout();
         for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-            line.setLineWidth(device_.width());
+            line.setLineWidth(widthPx);
             pieces.append(paragraph.mid(line.textStart(), line.textLength()));
         }
         layout.endLayout();
-        if (pieces.isEmpty())
+        if (pieces.size() == before)
             pieces.append(QString());
-        for (const QString& piece : pieces)
-            DrawLine(piece);
+    }
+    return pieces;
+}
+
+void PageWriter::Line(const QString& text) {
+    for (const QString& piece : Wrap(text, device_.width()))
+        DrawLine(piece);
+}
+
+void PageWriter::Hanging(const QString& label, qreal indentMm, const QString& text) {
+    const qreal indent = Px(indentMm);
+    const QStringList pieces = Wrap(text, device_.width() - indent);
+    for (qsizetype i = 0; i < pieces.size(); ++i) {
+        if (i == 0) {
+            // The label goes on the same line as the text's first piece, on whichever page
+            // that line lands.
+            Reserve(LineHeight(font_));
+            painter_.setFont(font_);
+            painter_.drawText(QPointF(0, y_ + QFontMetricsF(font_, &device_).ascent()), label);
+        }
+        DrawLine(pieces[i], indent);
     }
 }
 
@@ -285,4 +307,24 @@ bool DesktopPrinter::Preview(const QString& title, const Document& document) {
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
                      [&](QPrinter* target) { PrintOn(*target, title, document); });
     return preview.exec() == QDialog::Accepted;
+}
+
+PagePreview::PagePreview(const QString& title, Printer::Document document, QWidget* parent)
+    : QWidget(parent),
+      title_(title),
+      document_(std::move(document)),
+      printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)) {
+    view_ = new QPrintPreviewWidget(printer_.get(), this);
+    view_->setZoomMode(QPrintPreviewWidget::FitToWidth);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(view_);
+    connect(view_, &QPrintPreviewWidget::paintRequested, this,
+            [this](QPrinter* target) { PrintOn(*target, title_, document_); });
+}
+
+PagePreview::~PagePreview() = default;
+
+void PagePreview::Refresh() {
+    view_->updatePreview();
 }

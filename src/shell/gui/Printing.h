@@ -6,12 +6,15 @@
 #include <QPointF>
 #include <QString>
 #include <QStringList>
+#include <QWidget>
 #include <functional>
+#include <memory>
 
 class Dialogs;
 class Platform;
 class QPagedPaintDevice;
-class QWidget;
+class QPrintPreviewWidget;
+class QPrinter;
 
 // The printed fonts are named by their classic faces ("MS Sans Serif", "Arial", "Times New
 // Roman"); each resolves to the first installed family of a like shape (metric-compatible faces
@@ -52,6 +55,9 @@ public:
     // One paragraph, wrapped at word boundaries to the page width; a line break in the text
     // starts a new line.
     void Line(const QString& text);
+    // A label at the left margin with text beside it from indentMm on, wrapped within the room
+    // right of the indent (a hanging indent).
+    void Hanging(const QString& label, qreal indentMm, const QString& text);
     // One row: cell i starts stopsMm[i] from the left margin and is cut, with an ellipsis, where
     // the next cell starts (the last one at the right margin). Cells without a stop are left out.
     void Columns(const QStringList& cells, const QList<qreal>& stopsMm);
@@ -77,7 +83,9 @@ private:
     void EndPage();
     // Begins the page and makes room for height, ending the page first when it does not fit.
     void Reserve(qreal height);
-    void DrawLine(const QString& text);
+    void DrawLine(const QString& text, qreal leftPx = 0);
+    // text cut into lines no wider than widthPx, at word boundaries where it can.
+    QStringList Wrap(const QString& text, qreal widthPx);
 
     QPagedPaintDevice& device_;
     QPainter painter_;
@@ -144,4 +152,21 @@ public:
 private:
     QString folder_;
     QStringList files_;
+};
+
+// A printout shown as its pages inside a window, laid out exactly as Print lays it out on
+// paper. Refresh() lays the document out again after what it prints has changed.
+class PagePreview : public QWidget {
+    Q_OBJECT
+public:
+    PagePreview(const QString& title, Printer::Document document, QWidget* parent = nullptr);
+    ~PagePreview() override;
+
+    void Refresh();
+
+private:
+    QString title_;
+    Printer::Document document_;
+    std::unique_ptr<QPrinter> printer_;
+    QPrintPreviewWidget* view_;
 };

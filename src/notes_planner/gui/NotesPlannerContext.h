@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QDate>
+#include <functional>
+
+class DateModel;
+class NotesStore;
+class PlannerStore;
+class Printer;
+class Services;
+class UnsavedWork;
+class UserPreferences;
+class frmMain;
+class QWidget;
+struct ChangeFlags;
+struct SearchState;
+
+// What the notes and planner windows work with: the frame they live in, the stores, the
+// program's change flags, the shared search, the safety copy of unsaved typing and the
+// printer.
+struct NotesPlannerContext {
+    frmMain& frame;
+    Services& services;
+    DateModel& dates;
+    NotesStore& notes;
+    PlannerStore& planner;
+    ChangeFlags& changes;
+    UserPreferences& prefs;
+    SearchState& search;
+    UnsavedWork& unsaved;
+    Printer& printer;
+    // F2 and F3 in an editor's text: the frequently used terms take them when they exist.
+    std::function<void(QWidget* box, int key)> termKey;
+
+    // Makes sure date's year is one of the two years in memory, selecting date when it is
+    // not, so that a page or note kept open while the calendar moved on saves into its year.
+    void LoadYearOf(const QDate& date);
+};

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QDate>
+
+#include "notes_planner/gui/NotesPlannerContext.h"
+#include "shell/gui/ChildWindow.h"
+
+class QPlainTextEdit;
+class QPushButton;
+class UnsavedTracker;
+
+// The notes of one date: one large text box, a button that leaves the notes for the planner
+// of the same date, and the File, Edit and Preferences menus.
+class frmNotes : public ChildWindow {
+    Q_OBJECT
+public:
+    static constexpr const char* kName = "frmNotes";
+
+    explicit frmNotes(NotesPlannerContext& context);
+    ~frmNotes() override;
+
+    // Shows the selected date's note under its caption; a safety copy of unsaved typing left
+    // for that date is offered back first. The notes on show are asked about before.
+    // Returns false when the user kept them (Cancel).
+    bool ShowSelectedDate(bool askToRestore = true);
+    QDate date() const { return date_; }
+
+    // Saves the note into its year's file and reads that year again; false when it was not
+    // saved (the text stays).
+    bool mnuFileSave_Click();
+    void mnuFilePrint_Click();
+    void mnuEditSearchAgain_Click();
+    void cmdPlanner_Click();
+
+protected:
+    bool Form_QueryUnload() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void BuildMenus();
+    void txtNotes_Change();
+    // The text as the notes file keeps it: lines ended by CR LF.
+    QString NoteText() const;
+    void ShowText(const QString& text);
+
+    NotesPlannerContext& context_;
+    QPlainTextEdit* txtNotes_;
+    QPushButton* cmdPlanner_;
+    UnsavedTracker* tracker_;
+    QDate date_;
+    bool loading_ = false;
+};

@@ -1,0 +1,384 @@
+#include "notes_planner/gui/frmPlanner.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include "calendar/DateModel.h"
+#include "notes_planner/PlannerFigures.h"
+#include "notes_planner/PlannerText.h"
+#include "notes_planner/SearchState.h"
+#include "notes_planner/gui/NotesPlannerMessages.h"
+#include "notes_planner/gui/PlannerPageView.h"
+#include "notes_planner/gui/PlannerPrint.h"
+#include "notes_planner/gui/UnsavedTracker.h"
+#include "notes_planner/modPlanner.h"
+#include "reminders/ToDoFile.h"
+#include "shell/DateFormats.h"
+#include "shell/DateInput.h"
+#include "shell/Prompts.h"
+#include "shell/Services.h"
+#include "shell/ShellCommands.h"
+#include "shell/gui/frmMain.h"
+
+frmPlanner::frmPlanner(NotesPlannerContext& context)
+    : ChildWindow(context.services, QString::fromLatin1(kName), QStringLiteral("Planner")),
+      context_(context),
+      page_(new PlannerPageView),
+      stack_(new QStackedWidget),
+      lblCursPos_(new QLabel) {
+    lblCursPos_->setObjectName(QStringLiteral("lblCursPos"));
+    lblCursPos_->hide();
+    stack_->addWidget(page_);
+    auto* layout = new QVBoxLayout(Body());
+    layout->addWidget(BuildDayButtons());
+    layout->addWidget(stack_, 1);
+    layout->addWidget(lblCursPos_);
+    tracker_ = new UnsavedTracker(
+        context_.unsaved, EditorKind::Planner, context_.changes.PlannerChanged,
+        [this] {
+            return UnsavedEdit{date_, {}, page_->Page(), false};
+        },
+        this);
+    BuildMenus();
+    connect(page_, &PlannerPageView::changed, this, &frmPlanner::txt_Change);
+    connect(page_, &PlannerPageView::boxLeft, this, [this](int slot) {
+        services_.Trap("txt_LostFocus", [this, slot] { txt_LostFocus(slot); });
+    });
+    connect(page_, &PlannerPageView::timeEntered, this, [this](int line, const QString& text) {
+        services_.Trap("cmdOK_Click", [&] { cmdOK_Click(line, text); });
+    });
+    connect(page_, &PlannerPageView::caretMoved, this, &frmPlanner::ShowCaretPosition);
+    setFocusProxy(page_->Box(0));
+}
+
+frmPlanner::~frmPlanner() {
+    tracker_->EditorClosing();
+}
+
+QWidget* frmPlanner::BuildDayButtons() {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    const std::pair<QString, int> days[] = {{QStringLiteral("<   Previous Day"), -1},
+                                            {QStringLiteral("Next Day   >"), 1}};
+    const QKeySequence keys[] = {QKeySequence(Qt::CTRL | Qt::Key_PageUp),
+                                 QKeySequence(Qt::CTRL | Qt::Key_PageDown)};
+    for (int i = 0; i < 2; ++i) {
+        auto* button = new QPushButton(days[i].first);
+        button->setObjectName(ArrayName(QStringLiteral("cmdDay"), i));
+        button->setFocusPolicy(Qt::NoFocus);
+        button->setToolTip(keys[i].toString(QKeySequence::NativeText));
+        const int step = days[i].second;
+        On(button, &QPushButton::clicked, "cmdDay_Click", [this, step] { cmdDay_Click(step); });
+        auto* shortcut = new QShortcut(keys[i], this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+        layout->addWidget(button);
+        if (i == 0)
+            layout->addStretch();
+    }
+    return row;
+}
+
+QAction* frmPlanner::Item(QMenu* menu, const QString& caption, const QString& name,
+                          const char* handlerName, std::function<void()> handler,
+                          const QKeySequence& keys) {
+    QAction* action = AddItem(menu, caption, name);
+    Handle(action, this, [this, handlerName, handler] { services_.Trap(handlerName, handler); });
+    if (!keys.isEmpty())
+        SetShortcut(action, keys);
+    return action;
+}
+
+void frmPlanner::BuildMenus() {
+    BuildFileMenu();
+    BuildEditMenu();
+    BuildOptionsMenu();
+    QMenu* pref = AddMenu(MenuBar(), QStringLiteral("&Preferences"), QStringLiteral("mnuPref"));
+    AddItem(pref, QStringLiteral("Adjust &FUT Preferences"), QStringLiteral("mnuPrefFut"));
+    BuildToDoMenu();
+    QAction* help = MenuBar()->addAction(QStringLiteral("&Help"));
+    help->setObjectName(QStringLiteral("mnuHelp"));
+    QAction* contents = context_.frame.MenuItem(QStringLiteral("mnuHelpContents"));
+    connect(help, &QAction::triggered, contents, &QAction::trigger);
+    SetShortcut(help, QKeySequence::HelpContents);
+}
+
+void frmPlanner::BuildFileMenu() {
+    QMenu* file = AddMenu(MenuBar(), QStringLiteral("&File"), QStringLiteral("mnuFile"));
+    Item(
+        file, QStringLiteral("Save Planner"), QStringLiteral("mnuFileSave"), "mnuFileSave_Click",
+        [this] { mnuFileSave_Click(); }, QKeySequence::Save);
+    Item(
+        file, QStringLiteral("Copy Planner to Memory (to paste in another app)"),
+        QStringLiteral("mnuFileCopyPlanner"), "mnuFileCopyPlanner_Click",
+        [this] { mnuFileCopyPlanner_Click(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+    // Export, merge and import of planner files come with the external files.
+    AddItem(file, QStringLiteral("Export this Planner to Share Folder"),
+            QStringLiteral("mnuFileExport"));
+    AddItem(file, QStringLiteral("Export this Planner and Assign to..."),
+            QStringLiteral("mnuFileExportPlannerAndAssign"));
+    AddItem(file, QStringLiteral("Merge this Planner into My Planner Records"),
+            QStringLiteral("mnuFileMerge"));
+    AddItem(file, QStringLiteral("Import Planner File"), QStringLiteral("mnuFileImport"));
+    Item(
+        file, kPreviewCaption, QStringLiteral("mnuFilePreview"), "mnuFilePreview_Click",
+        [this] { mnuFilePreview_Click(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P));
+    Item(
+        file, QStringLiteral("&Print"), QStringLiteral("mnuFilePrint"), "PrintThePlanner",
+        [this] { PrintThePlanner(); }, QKeySequence::Print);
+    Item(
+        file, QStringLiteral("Exit Planner (Go &Back to Calendar)"), QStringLiteral("mnuFileExit"),
+        "mnuFileExit_Click", [this] { CloseWindow(); }, QKeySequence(Qt::CTRL | Qt::Key_W));
+    Item(
+        file, QStringLiteral("E&xit the Program"), QStringLiteral("mnuFileQuit"),
+        "mnuFileQuit_Click", [this] { context_.frame.close(); }, QKeySequence::Quit);
+}
+
+void frmPlanner::BuildEditMenu() {
+    QMenu* edit = AddMenu(MenuBar(), QStringLiteral("&Edit"), QStringLiteral("mnuEdit"));
+    Item(
+        edit, QStringLiteral("Change Time"), QStringLiteral("mnuEditTime"), "mnuEditTime_Click",
+        [this] { mnuEditTime_Click(); }, QKeySequence(Qt::CTRL | Qt::Key_T));
+    Item(
+        edit, QStringLiteral("Delete Time"), QStringLiteral("mnuEditDelete"), "mnuEditDelete_Click",
+        [this] { mnuEditDelete_Click(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T));
+    Item(
+        edit, QStringLiteral("Search A&gain"), QStringLiteral("mnuEditSearchAgain"),
+        "mnuEditSearchAgain_Click", [this] { mnuEditSearchAgain_Click(); },
+        QKeySequence(Qt::CTRL | Qt::Key_G));
+}
+
+void frmPlanner::BuildOptionsMenu() {
+    QMenu* options = AddMenu(MenuBar(), QStringLiteral("&Options"), QStringLiteral("mnuOpt"));
+    Item(
+        options, kShowCursorCaption, QStringLiteral("mnuOptShowCursPos"), "mnuOptShowCursPos_Click",
+        [this] { mnuOptShowCursPos_Click(); }, QKeySequence(Qt::CTRL | Qt::Key_K));
+    QAction* mainLabel = Item(
+        options, QStringLiteral("Show Main Label (Date)"), QStringLiteral("mnuOptShowMainLabel"),
+        "mnuOptShowMainLabel_Click", [this] { mnuOptShowMainLabel_Click(); },
+        QKeySequence(Qt::CTRL | Qt::Key_L));
+    mainLabel->setCheckable(true);
+    mainLabel->setChecked(true);
+    Item(options, QStringLiteral("Change Network Share Drive"),
+         QStringLiteral("mnuOptNetworkShare"), "mnuOptNetworkShare_Click",
+         [this] { ShellCommands(services_, context_.prefs).mnuOptNetworkShare_Click(); });
+}
+
+void frmPlanner::BuildToDoMenu() {
+    QMenu* todo = AddMenu(MenuBar(), QStringLiteral("&To Do List"), QStringLiteral("mnuToDo"));
+    Item(
+        todo, QStringLiteral("&Import Default To Do List"), QStringLiteral("mnuToDoImport"),
+        "mnuToDoImport_Click", [this] { mnuToDoImport_Click(); },
+        QKeySequence(Qt::CTRL | Qt::Key_I));
+    // The default list is edited in the to-do window, which the main window's Manage menu
+    // opens once it exists.
+    QAction* edit =
+        AddItem(todo, QStringLiteral("&Edit Default To Do List"), QStringLiteral("mnuToDoEdit"));
+    QAction* manage = context_.frame.MenuItem(QStringLiteral("mnuManageToDo"));
+    if (manage->isEnabled())
+        Handle(edit, manage, [manage] { manage->trigger(); });
+    Item(
+        todo, QStringLiteral("&Clear This To Do List"), QStringLiteral("mnuToDoClear"),
+        "mnuToDoClear_Click", [this] { mnuToDoClear_Click(); },
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_X));
+}
+
+bool frmPlanner::ShowSelectedDate(bool askToRestore) {
+    return ShowDate(context_.dates.SelectedDate, askToRestore);
+}
+
+bool frmPlanner::ShowDate(const QDate& date, bool askToRestore) {
+    if (date != date_ && !Form_QueryUnload())
+        return false;
+    context_.dates.SelectDate(date);
+    const OpenedPage opened = context_.planner.OpenPlannerRecord();
+    date_ = date;
+    setWindowTitle(QStringLiteral("Planner for ") + opened.caption);
+    page_->SetDateCaption(opened.caption);
+    tracker_->MarkClean();
+    UnsavedEdit leftover;
+    const bool restored = tracker_->OfferLeftover(services_.dialogs, date_, leftover, askToRestore);
+    page_->SetPage(restored ? leftover.page : opened.found ? opened.page : NewPlannerPage());
+    if (restored) {
+        tracker_->MarkChanged();
+        tracker_->KeepNow();
+    }
+    if (stack_->currentWidget() != page_)
+        mnuFilePreview_Click();
+    return true;
+}
+
+bool frmPlanner::mnuFileSave_Click() {
+    context_.LoadYearOf(date_);
+    PlannerStore& planner = context_.planner;
+    const PlannerPage page = page_->Page();
+    const bool nextYear = context_.dates.IsNextYear(date_);
+    const bool saved =
+        nextYear ? planner.SavePlannerRecord2(date_, page) && planner.SaveNextYearsPlannerFile()
+                 : planner.SavePlannerRecord(date_, page) && planner.SaveThisYearsPlannerFile();
+    if (!saved)
+        return false;
+    // Read again, so that the calendar and the tasks show the page at once.
+    if (nextYear)
+        planner.ReadNextYearsPlanner();
+    else
+        planner.ReadThisYearsPlanner();
+    tracker_->MarkClean();
+    return true;
+}
+
+void frmPlanner::cmdDay_Click(int days) {
+    ShowDate(date_.addDays(days));
+}
+
+bool frmPlanner::Form_QueryUnload() {
+    return tracker_->AskBeforeClosing(services_.dialogs, kPlannerCloseQuestion, kPlannerCloseTitle,
+                                      [this] { return mnuFileSave_Click(); });
+}
+
+void frmPlanner::txt_Change() {
+    tracker_->MarkChanged();
+}
+
+void frmPlanner::txt_LostFocus(int slot) {
+    QLineEdit* box = page_->Box(slot);
+    const QString text = box->text();
+    // The room for text inside the box's frame.
+    const int room = box->width() - 8;
+    if (QFontMetrics(box->font()).horizontalAdvance(text) > room)
+        services_.dialogs.MsgBox(kTooWideMessage, kWarningStyle);
+    const int width = SlotWidth(slot);
+    if (text.size() > width)
+        services_.dialogs.MsgBox(TooManyCharactersMessage(width), kWarningStyle);
+    const bool amount = slot >= kFirstAmountSlot && slot < kTotalExpendituresSlot;
+    const bool mileage = slot >= kFirstBeginSlot && slot < kTotalMileageSlot;
+    if (!amount && !mileage)
+        return;
+    const QString shown = amount ? FormatAmount(text) : FormatMileage(text);
+    if (shown != text)
+        box->setText(shown);
+    page_->AddTheFigures();
+}
+
+void frmPlanner::cmdOK_Click(int line, const QString& text) {
+    QString time;
+    if (!text.trimmed().isEmpty()) {
+        const QTime parsed = ParseTimeInput(text);
+        if (!parsed.isValid()) {
+            services_.dialogs.MsgBox(kBadTimeMessage, kWarningStyle);
+            return;
+        }
+        time = datefmt::MediumTime(parsed);
+    }
+    page_->SetTime(line, time);
+    page_->HideTimeChangeBox();
+    tracker_->MarkChanged();
+}
+
+void frmPlanner::mnuEditTime_Click() {
+    page_->ShowTimeChangeBox(qMax(page_->CurrentLine(), 0));
+}
+
+void frmPlanner::mnuEditDelete_Click() {
+    page_->SetTime(qMax(page_->CurrentLine(), 0), QString());
+    tracker_->MarkChanged();
+}
+
+void frmPlanner::mnuEditSearchAgain_Click() {
+    const SearchState& search = context_.search;
+    if (!search.IsActive())
+        return;
+    const QList<QLineEdit*>& boxes = page_->TabOrder();
+    auto* focused = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    qsizetype at = qMax<qsizetype>(boxes.indexOf(focused), 0);
+    qsizetype from = boxes[at] == focused ? (focused->hasSelectedText() ? focused->selectionEnd()
+                                                                        : focused->cursorPosition())
+                                          : 0;
+    for (; at < boxes.size(); ++at, from = 0) {
+        const qsizetype found = FindNextOccurrence(boxes[at]->text(), search.phrase, from);
+        if (found >= 0) {
+            boxes[at]->setFocus();
+            boxes[at]->setSelection(int(found), int(search.phrase.size()));
+            return;
+        }
+    }
+    services_.dialogs.MsgBox(kNoMoreOccurrencesMessage);
+}
+
+void frmPlanner::mnuFileCopyPlanner_Click() {
+    services_.platform.SetClipboardText(PlannerClipboardText(page_->Page()));
+}
+
+void frmPlanner::mnuFilePreview_Click() {
+    QAction* item = Control<QAction>(QStringLiteral("mnuFilePreview"));
+    if (stack_->currentWidget() != page_) {
+        stack_->setCurrentWidget(page_);
+        item->setText(kPreviewCaption);
+        return;
+    }
+    if (!preview_) {
+        preview_ = new PagePreview(PlannerPrintTitle(date_), [this](PageWriter& writer) {
+            PlannerDocument(date_, page_->Page())(writer);
+        });
+        preview_->setObjectName(QStringLiteral("picPreview"));
+        stack_->addWidget(preview_);
+    }
+    preview_->Refresh();
+    stack_->setCurrentWidget(preview_);
+    item->setText(kResumeEditingCaption);
+}
+
+void frmPlanner::PrintThePlanner() {
+    context_.printer.Print(PlannerPrintTitle(date_), PlannerDocument(date_, page_->Page()));
+}
+
+void frmPlanner::ShowCaretPosition(int position) {
+    lblCursPos_->setText(kCursorPositionPrefix + QString::number(position));
+    context_.frame.Control<QLabel>(QStringLiteral("lblCurPos"))
+        ->setText(kTextPositionPrefix + QString::number(position));
+}
+
+void frmPlanner::mnuOptShowCursPos_Click() {
+    lblCursPos_->setVisible(!lblCursPos_->isVisible());
+    Control<QAction>(QStringLiteral("mnuOptShowCursPos"))
+        ->setText(lblCursPos_->isVisible() ? kHideCursorCaption : kShowCursorCaption);
+}
+
+void frmPlanner::mnuOptShowMainLabel_Click() {
+    QLabel* label = page_->findChild<QLabel*>(QStringLiteral("lblMain"));
+    label->setVisible(Control<QAction>(QStringLiteral("mnuOptShowMainLabel"))->isChecked());
+}
+
+void frmPlanner::mnuToDoImport_Click() {
+    if (services_.dialogs.MsgBox(kToDoImportQuestion, kQuestionStyle, kToDoImportTitle) != vb::Yes)
+        return;
+    ToDoRows rows;
+    // A list longer than ten rows still gives its first ten.
+    services_.Trap("ReadToDoList", [&] { ReadToDoFile(services_.AppFolder, rows); });
+    for (int item = 0; item < kPlannerToDoItems; ++item) {
+        const QString text = rows.texts[item].trimmed();
+        if (text.isEmpty())
+            continue;
+        page_->Box(kFirstToDoSlot + item)->setText(text);
+        page_->SetDone(item, rows.done[item]);
+    }
+    tracker_->MarkChanged();
+}
+
+void frmPlanner::mnuToDoClear_Click() {
+    for (int item = 0; item < kPlannerToDoItems; ++item) {
+        page_->Box(kFirstToDoSlot + item)->clear();
+        page_->SetDone(item, false);
+    }
+    tracker_->MarkChanged();
+}

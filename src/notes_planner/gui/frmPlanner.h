@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QDate>
+
+#include "notes_planner/gui/NotesPlannerContext.h"
+#include "shell/gui/ChildWindow.h"
+
+class PagePreview;
+class PlannerPageView;
+class QLabel;
+class QPushButton;
+class QStackedWidget;
+class UnsavedTracker;
+
+// The daily planner page of one date, with the menus that save, print, copy and search it,
+// change its times and fill its to-do list, and the buttons that move to the day before or
+// after.
+class frmPlanner : public ChildWindow {
+    Q_OBJECT
+public:
+    static constexpr const char* kName = "frmPlanner";
+
+    explicit frmPlanner(NotesPlannerContext& context);
+    ~frmPlanner() override;
+
+    // Shows the selected date's page; a safety copy of unsaved typing left for that date is
+    // offered back first. The page on show is asked about before. Returns false when the user
+    // kept it (Cancel).
+    bool ShowSelectedDate(bool askToRestore = true);
+    QDate date() const { return date_; }
+    PlannerPageView& page() const { return *page_; }
+
+    // Stores the page into its year and writes the year's file; false when it was not saved.
+    bool mnuFileSave_Click();
+    void mnuFileCopyPlanner_Click();
+    void mnuFilePreview_Click();
+    void PrintThePlanner();
+    void mnuEditTime_Click();
+    void mnuEditDelete_Click();
+    void mnuEditSearchAgain_Click();
+    void mnuOptShowCursPos_Click();
+    void mnuOptShowMainLabel_Click();
+    void mnuToDoImport_Click();
+    void mnuToDoClear_Click();
+    // Moves days days on, saving or asking about the page first.
+    void cmdDay_Click(int days);
+
+protected:
+    bool Form_QueryUnload() override;
+
+private:
+    QWidget* BuildDayButtons();
+    void BuildMenus();
+    void BuildFileMenu();
+    void BuildEditMenu();
+    void BuildOptionsMenu();
+    void BuildToDoMenu();
+    // Connects a menu item to its handler, run in the trap under the handler's name.
+    QAction* Item(QMenu* menu, const QString& caption, const QString& name, const char* handlerName,
+                  std::function<void()> handler, const QKeySequence& keys = {});
+    bool ShowDate(const QDate& date, bool askToRestore = true);
+    void txt_Change();
+    void txt_LostFocus(int slot);
+    void cmdOK_Click(int line, const QString& text);
+    void ShowCaretPosition(int position);
+
+    NotesPlannerContext& context_;
+    PlannerPageView* page_;
+    QStackedWidget* stack_;
+    PagePreview* preview_ = nullptr;
+    QLabel* lblCursPos_;
+    UnsavedTracker* tracker_;
+    QDate date_;
+};
