@@ -5,6 +5,9 @@
 #include <QTest>
 
 #include "MainWindowFixture.h"
+#include "notes_planner/gui/NotesPlannerMenus.h"
+#include "notes_planner/gui/frmNotes.h"
+#include "notes_planner/gui/frmPlanner.h"
 #include "shell/TextFile.h"
 
 namespace {
@@ -60,11 +63,16 @@ private slots:
         QCOMPARE(items(), QStringList({"Mon 07  Pick up Ren\u00e9e", "Tue 15  07:00 AM Dentist",
                                        "Sun 20  x"}));
 
-        // Clicking a task selects its date.
+        // Clicking a task selects its date and opens its planner page (its notes when it has
+        // no page).
         QTest::mouseClick(tasks->viewport(), Qt::LeftButton, {},
                           tasks->visualItemRect(tasks->item(1)).center());
         QCOMPARE(f.env.state->dates.SelectedDate, QDate(2026, 9, 15));
+        QCOMPARE(f.window.notesPlanner->plannerWindow()->date(), QDate(2026, 9, 15));
         QVERIFY(!imgNotes->isEnabled() && imgPlanner->isEnabled());
+        QTest::mouseClick(tasks->viewport(), Qt::LeftButton, {},
+                          tasks->visualItemRect(tasks->item(0)).center());
+        QCOMPARE(f.window.notesPlanner->notesWindow()->date(), kToday);
 
         // Into next year: 2027 becomes this year and its note its own.
         emit f.frame().dateChosen(QDate(2027, 9, 8));

@@ -6,11 +6,12 @@
 #include "shell/Dialogs.h"
 
 QString RestoreQuestion(EditorKind kind, const QDate& date) {
-    const QString what = kind == EditorKind::Notes ? QStringLiteral("the notes")
-                                                   : QStringLiteral("the planner page");
-    return QStringLiteral("Orvanta closed before ") + what + QStringLiteral(" of ") +
-           datefmt::LongDate(date) +
-           QStringLiteral(" were saved. The unsaved text was kept. Do you want to restore it?");
+    const bool notes = kind == EditorKind::Notes;
+    return QStringLiteral("Orvanta closed before ") +
+           (notes ? QStringLiteral("the notes") : QStringLiteral("the planner page")) +
+           QStringLiteral(" of ") + datefmt::LongDate(date) +
+           (notes ? QStringLiteral(" were") : QStringLiteral(" was")) +
+           QStringLiteral(" saved. The unsaved text was kept. Do you want to restore it?");
 }
 
 QString RestoreTitle(EditorKind kind) {
@@ -44,7 +45,10 @@ void UnsavedTracker::EditorClosing() {
 
 void UnsavedTracker::MarkChanged() {
     changed_ = true;
-    timer_->start();
+    // Counted from the first change not yet kept, so that steady typing is kept every few
+    // seconds too.
+    if (!timer_->isActive())
+        timer_->start();
 }
 
 void UnsavedTracker::MarkClean() {

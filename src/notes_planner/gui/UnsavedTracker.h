@@ -12,7 +12,8 @@ class QTimer;
 
 // The unsaved state of one editor: its change flag (one of the program's change flags, so that
 // the program's closing questions see it) and the safety copy of its text, written a moment
-// after the last keystroke and removed once the text is saved or given up.
+// after a change (and every few seconds while the typing goes on) and removed once the text is
+// saved or given up.
 class UnsavedTracker : public QObject {
     Q_OBJECT
 public:
