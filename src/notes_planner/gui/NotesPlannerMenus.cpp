@@ -124,6 +124,9 @@ frmNotes* NotesPlannerMenus::OpenNotes(bool askToRestore) {
 frmPlanner* NotesPlannerMenus::OpenPlanner(bool askToRestore) {
     auto* window = static_cast<frmPlanner*>(frame_.ShowChild(
         QString::fromLatin1(frmPlanner::kName), [this] { return new frmPlanner(context_); }));
+    // The page takes all the room the frame has, as the calendar does.
+    if (QWidget* frame = window->parentWidget(); frame && !frame->isMaximized())
+        frame->showMaximized();
     window->ShowSelectedDate(askToRestore);
     window->setFocus();
     return window;

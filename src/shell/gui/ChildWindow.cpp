@@ -1,5 +1,6 @@
 #include "shell/gui/ChildWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -23,6 +24,12 @@ ChildWindow::ChildWindow(Services& services, const QString& name, const QString&
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(scroll);
+    // The control that takes the focus is scrolled into view, so that Tab and Enter can go
+    // down a page taller than the window.
+    connect(qApp, &QApplication::focusChanged, scroll, [scroll, this](QWidget*, QWidget* now) {
+        if (now && body_->isAncestorOf(now))
+            scroll->ensureWidgetVisible(now, 10, 10);
+    });
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
     connect(escape, &QShortcut::activated, this, &ChildWindow::CloseWindow);
@@ -48,8 +55,8 @@ QMenuBar* ChildWindow::MenuBar() {
 }
 
 void ChildWindow::SetShortcut(QAction* action, const QKeySequence& keys) {
-    action->setShortcut(keys);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setShortcut(keys);
     addAction(action);
 }
 
