@@ -42,14 +42,17 @@ QJsonObject ToJson(const UnsavedEdit& edit, bool planner) {
     return object;
 }
 
-std::optional<UnsavedEdit> EditOf(const QJsonValue& json) {
+std::optional<UnsavedEdit> EditOf(const QJsonValue& json, bool planner) {
     const QJsonObject object = json.toObject();
     UnsavedEdit edit;
     edit.date = QDate::fromString(object.value("date").toString(), Qt::ISODate);
     if (!edit.date.isValid())
         return std::nullopt;
     edit.offered = object.value("offered").toBool();
-    edit.noteText = object.value("text").toString();
+    if (!planner) {
+        edit.noteText = object.value("text").toString();
+        return edit;
+    }
     const auto text = [](const QJsonValue& value) { return value.toString(); };
     const auto flag = [](const QJsonValue& value) { return value.toBool(); };
     FromJson(object.value("slots"), edit.page.slotTexts, text);
@@ -72,7 +75,7 @@ QByteArray FormatUnsavedEdits(const UnsavedEdits& edits) {
 
 UnsavedEdits ParseUnsavedEdits(const QByteArray& bytes) {
     const QJsonObject object = QJsonDocument::fromJson(bytes).object();
-    return {EditOf(object.value(kNotes)), EditOf(object.value(kPlanner))};
+    return {EditOf(object.value(kNotes), false), EditOf(object.value(kPlanner), true)};
 }
 
 UnsavedWork::UnsavedWork(Services& services) : services_(services) {
