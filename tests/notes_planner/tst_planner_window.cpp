@@ -234,6 +234,35 @@ private slots:
         QVERIFY(!f.env.exists("2026/Planner.dat"));
     }
 
+    void toDoImportAsksAndFillsFromTheDefaultList() {
+        PlannerFixture f;
+        f.env.write("To Do.dat", "\xf5\r\n\xf3  Pay rent  \r\n\xf5Post\r\n");
+        frmPlanner& planner = f.Open();
+        f.Box(kFirstToDoSlot)->setText("mine");
+        f.env.dialogs.ExpectMsgBox(kToDoImportQuestion, kQuestionStyle, kToDoImportTitle, vb::No);
+        Key(Qt::Key_I, Qt::ControlModifier);
+        QCOMPARE(f.Box(kFirstToDoSlot + 1)->text(), "");
+        f.env.dialogs.ExpectMsgBox(
+            "This action may overwrite certain existing To Do Items. "
+            "Continue?",
+            kQuestionStyle, "Replacing Some To Do Items", vb::Yes);
+        Key(Qt::Key_I, Qt::ControlModifier);
+        VERIFY_DIALOGS(f.env.dialogs);
+        QCOMPARE(f.Box(kFirstToDoSlot)->text(), "mine");  // an empty row leaves the item
+        QCOMPARE(f.Box(kFirstToDoSlot + 1)->text(), "Pay rent");
+        QVERIFY(planner.page().IsDone(1) && !planner.page().IsDone(2));
+        QCOMPARE(f.Box(kFirstToDoSlot + 2)->text(), "Post");
+
+        // The preview shows the page as it prints, and gives the page back.
+        QAction* preview = planner.Control<QAction>("mnuFilePreview");
+        preview->trigger();
+        QCOMPARE(preview->text(), "Resume Editing");
+        QVERIFY(planner.Control<QWidget>("picPreview")->isVisible());
+        preview->trigger();
+        QCOMPARE(preview->text(), "Print Preview");
+        QVERIFY(f.Box(0)->isVisible());
+    }
+
     void printoutHoldsEveryPartOfThePage() {
         PlannerFixture f;
         frmPlanner& planner = f.Open();

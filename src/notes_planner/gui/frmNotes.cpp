@@ -51,29 +51,24 @@ frmNotes::~frmNotes() {
 
 void frmNotes::BuildMenus() {
     QMenu* file = AddMenu(MenuBar(), QStringLiteral("&File"), QStringLiteral("mnuFile"));
-    QAction* save = AddItem(file, QStringLiteral("&Save"), QStringLiteral("mnuFileSave"));
-    QAction* print = AddItem(file, QStringLiteral("&Print"), QStringLiteral("mnuFilePrint"));
+    AddCommand(
+        file, QStringLiteral("&Save"), QStringLiteral("mnuFileSave"), "mnuFileSave_Click",
+        [this] { mnuFileSave_Click(); }, QKeySequence::Save);
+    AddCommand(
+        file, QStringLiteral("&Print"), QStringLiteral("mnuFilePrint"), "mnuFilePrint_Click",
+        [this] { mnuFilePrint_Click(); }, QKeySequence::Print);
     // Export and import of notes files come with the external files.
     AddItem(file, QStringLiteral("Export these Notes"), QStringLiteral("mnuFileExport"));
     AddItem(file, QStringLiteral("Export these Notes and Assign to..."),
             QStringLiteral("mnuFileExportNotesAndAssign"));
     AddItem(file, QStringLiteral("Import External Notes"), QStringLiteral("mnuFileImport"));
     QMenu* edit = AddMenu(MenuBar(), QStringLiteral("&Edit"), QStringLiteral("mnuEdit"));
-    QAction* again =
-        AddItem(edit, QStringLiteral("Search A&gain"), QStringLiteral("mnuEditSearchAgain"));
+    AddCommand(
+        edit, QStringLiteral("Search A&gain"), QStringLiteral("mnuEditSearchAgain"),
+        "mnuEditSearchAgain_Click", [this] { mnuEditSearchAgain_Click(); },
+        QKeySequence(Qt::CTRL | Qt::Key_G));
     QMenu* pref = AddMenu(MenuBar(), QStringLiteral("&Preferences"), QStringLiteral("mnuPref"));
     AddItem(pref, QStringLiteral("Adjust &FUT Preferences"), QStringLiteral("mnuPrefFut"));
-
-    Handle(save, this,
-           [this] { services_.Trap("mnuFileSave_Click", [this] { mnuFileSave_Click(); }); });
-    Handle(print, this,
-           [this] { services_.Trap("mnuFilePrint_Click", [this] { mnuFilePrint_Click(); }); });
-    Handle(again, this, [this] {
-        services_.Trap("mnuEditSearchAgain_Click", [this] { mnuEditSearchAgain_Click(); });
-    });
-    SetShortcut(save, QKeySequence::Save);
-    SetShortcut(print, QKeySequence::Print);
-    SetShortcut(again, QKeySequence(Qt::CTRL | Qt::Key_G));
 }
 
 bool frmNotes::ShowSelectedDate(bool askToRestore) {
@@ -169,13 +164,16 @@ bool frmNotes::Form_QueryUnload() {
                                       [this] { return mnuFileSave_Click(); });
 }
 
+bool frmNotes::Form_KeyDown(int key) {
+    if ((key != Qt::Key_F2 && key != Qt::Key_F3) || !context_.termKey)
+        return false;
+    context_.termKey(txtNotes_, key);
+    return true;
+}
+
 bool frmNotes::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == txtNotes_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if ((key == Qt::Key_F2 || key == Qt::Key_F3) && context_.termKey) {
-            context_.termKey(txtNotes_, key);
-            return true;
-        }
-    }
+    if (watched == txtNotes_ && event->type() == QEvent::KeyPress &&
+        Form_KeyDown(static_cast<QKeyEvent*>(event)->key()))
+        return true;
     return ChildWindow::eventFilter(watched, event);
 }

@@ -39,6 +39,9 @@ protected:
 private:
     void BuildMenus();
     void txtNotes_Change();
+    // F2 and F3 belong to the frequently used terms (Esc closes every child window); true
+    // when the key was taken.
+    bool Form_KeyDown(int key);
     // The text as the notes file keeps it: lines ended by CR LF.
     QString NoteText() const;
     void ShowText(const QString& text);

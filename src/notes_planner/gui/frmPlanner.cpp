@@ -89,16 +89,6 @@ QWidget* frmPlanner::BuildDayButtons() {
     return row;
 }
 
-QAction* frmPlanner::Item(QMenu* menu, const QString& caption, const QString& name,
-                          const char* handlerName, std::function<void()> handler,
-                          const QKeySequence& keys) {
-    QAction* action = AddItem(menu, caption, name);
-    Handle(action, this, [this, handlerName, handler] { services_.Trap(handlerName, handler); });
-    if (!keys.isEmpty())
-        SetShortcut(action, keys);
-    return action;
-}
-
 void frmPlanner::BuildMenus() {
     BuildFileMenu();
     BuildEditMenu();
@@ -115,13 +105,13 @@ void frmPlanner::BuildMenus() {
 
 void frmPlanner::BuildFileMenu() {
     QMenu* file = AddMenu(MenuBar(), QStringLiteral("&File"), QStringLiteral("mnuFile"));
-    Item(
+    AddCommand(
         file, QStringLiteral("Save Planner"), QStringLiteral("mnuFileSave"), "mnuFileSave_Click",
         [this] { mnuFileSave_Click(); }, QKeySequence::Save);
-    Item(
+    AddCommand(
         file, QStringLiteral("Copy Planner to Memory (to paste in another app)"),
-        QStringLiteral("mnuFileCopyPlanner"), "mnuFileCopyPlanner_Click",
-        [this] { mnuFileCopyPlanner_Click(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+        QStringLiteral("mnuFileCopyPlanner"), "CopyPlannerToMemory",
+        [this] { CopyPlannerToMemory(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
     // Export, merge and import of planner files come with the external files.
     AddItem(file, QStringLiteral("Export this Planner to Share Folder"),
             QStringLiteral("mnuFileExport"));
@@ -130,29 +120,29 @@ void frmPlanner::BuildFileMenu() {
     AddItem(file, QStringLiteral("Merge this Planner into My Planner Records"),
             QStringLiteral("mnuFileMerge"));
     AddItem(file, QStringLiteral("Import Planner File"), QStringLiteral("mnuFileImport"));
-    Item(
+    AddCommand(
         file, kPreviewCaption, QStringLiteral("mnuFilePreview"), "mnuFilePreview_Click",
         [this] { mnuFilePreview_Click(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P));
-    Item(
+    AddCommand(
         file, QStringLiteral("&Print"), QStringLiteral("mnuFilePrint"), "PrintThePlanner",
         [this] { PrintThePlanner(); }, QKeySequence::Print);
-    Item(
+    AddCommand(
         file, QStringLiteral("Exit Planner (Go &Back to Calendar)"), QStringLiteral("mnuFileExit"),
         "mnuFileExit_Click", [this] { CloseWindow(); }, QKeySequence(Qt::CTRL | Qt::Key_W));
-    Item(
+    AddCommand(
         file, QStringLiteral("E&xit the Program"), QStringLiteral("mnuFileQuit"),
         "mnuFileQuit_Click", [this] { context_.frame.close(); }, QKeySequence::Quit);
 }
 
 void frmPlanner::BuildEditMenu() {
     QMenu* edit = AddMenu(MenuBar(), QStringLiteral("&Edit"), QStringLiteral("mnuEdit"));
-    Item(
+    AddCommand(
         edit, QStringLiteral("Change Time"), QStringLiteral("mnuEditTime"), "mnuEditTime_Click",
         [this] { mnuEditTime_Click(); }, QKeySequence(Qt::CTRL | Qt::Key_T));
-    Item(
+    AddCommand(
         edit, QStringLiteral("Delete Time"), QStringLiteral("mnuEditDelete"), "mnuEditDelete_Click",
         [this] { mnuEditDelete_Click(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T));
-    Item(
+    AddCommand(
         edit, QStringLiteral("Search A&gain"), QStringLiteral("mnuEditSearchAgain"),
         "mnuEditSearchAgain_Click", [this] { mnuEditSearchAgain_Click(); },
         QKeySequence(Qt::CTRL | Qt::Key_G));
@@ -160,23 +150,25 @@ void frmPlanner::BuildEditMenu() {
 
 void frmPlanner::BuildOptionsMenu() {
     QMenu* options = AddMenu(MenuBar(), QStringLiteral("&Options"), QStringLiteral("mnuOpt"));
-    Item(
+    AddCommand(
         options, kShowCursorCaption, QStringLiteral("mnuOptShowCursPos"), "mnuOptShowCursPos_Click",
         [this] { mnuOptShowCursPos_Click(); }, QKeySequence(Qt::CTRL | Qt::Key_K));
-    QAction* mainLabel = Item(
+    QAction* mainLabel = AddCommand(
         options, QStringLiteral("Show Main Label (Date)"), QStringLiteral("mnuOptShowMainLabel"),
         "mnuOptShowMainLabel_Click", [this] { mnuOptShowMainLabel_Click(); },
         QKeySequence(Qt::CTRL | Qt::Key_L));
     mainLabel->setCheckable(true);
     mainLabel->setChecked(true);
-    Item(options, QStringLiteral("Change Network Share Drive"),
-         QStringLiteral("mnuOptNetworkShare"), "mnuOptNetworkShare_Click",
-         [this] { ShellCommands(services_, context_.prefs).mnuOptNetworkShare_Click(); });
+    AddCommand(
+        options, QStringLiteral("Change Network Share Drive"), QStringLiteral("mnuOptNetworkShare"),
+        "mnuOptNetworkShare_Click",
+        [this] { ShellCommands(services_, context_.prefs).mnuOptNetworkShare_Click(); },
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N));
 }
 
 void frmPlanner::BuildToDoMenu() {
     QMenu* todo = AddMenu(MenuBar(), QStringLiteral("&To Do List"), QStringLiteral("mnuToDo"));
-    Item(
+    AddCommand(
         todo, QStringLiteral("&Import Default To Do List"), QStringLiteral("mnuToDoImport"),
         "mnuToDoImport_Click", [this] { mnuToDoImport_Click(); },
         QKeySequence(Qt::CTRL | Qt::Key_I));
@@ -187,7 +179,7 @@ void frmPlanner::BuildToDoMenu() {
     QAction* manage = context_.frame.MenuItem(QStringLiteral("mnuManageToDo"));
     if (manage->isEnabled())
         Handle(edit, manage, [manage] { manage->trigger(); });
-    Item(
+    AddCommand(
         todo, QStringLiteral("&Clear This To Do List"), QStringLiteral("mnuToDoClear"),
         "mnuToDoClear_Click", [this] { mnuToDoClear_Click(); },
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_X));
@@ -315,7 +307,7 @@ void frmPlanner::mnuEditSearchAgain_Click() {
     services_.dialogs.MsgBox(kNoMoreOccurrencesMessage);
 }
 
-void frmPlanner::mnuFileCopyPlanner_Click() {
+void frmPlanner::CopyPlannerToMemory() {
     services_.platform.SetClipboardText(PlannerClipboardText(page_->Page()));
 }
 

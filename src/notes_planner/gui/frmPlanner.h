@@ -32,7 +32,7 @@ public:
 
     // Stores the page into its year and writes the year's file; false when it was not saved.
     bool mnuFileSave_Click();
-    void mnuFileCopyPlanner_Click();
+    void CopyPlannerToMemory();
     void mnuFilePreview_Click();
     void PrintThePlanner();
     void mnuEditTime_Click();
@@ -55,9 +55,6 @@ private:
     void BuildEditMenu();
     void BuildOptionsMenu();
     void BuildToDoMenu();
-    // Connects a menu item to its handler, run in the trap under the handler's name.
-    QAction* Item(QMenu* menu, const QString& caption, const QString& name, const char* handlerName,
-                  std::function<void()> handler, const QKeySequence& keys = {});
     bool ShowDate(const QDate& date, bool askToRestore = true);
     void txt_Change();
     void txt_LostFocus(int slot);

@@ -60,6 +60,16 @@ void ChildWindow::SetShortcut(QAction* action, const QKeySequence& keys) {
     addAction(action);
 }
 
+QAction* ChildWindow::AddCommand(QMenu* menu, const QString& caption, const QString& name,
+                                 const char* handlerName, std::function<void()> handler,
+                                 const QKeySequence& keys) {
+    QAction* action = AddItem(menu, caption, name);
+    Handle(action, this, [this, handlerName, handler] { services_.Trap(handlerName, handler); });
+    if (!keys.isEmpty())
+        SetShortcut(action, keys);
+    return action;
+}
+
 QSize ChildWindow::sizeHint() const {
     // As large as the controls want, with room for a vertical scroll bar should the frame cut
     // the height, so that the width never has to scroll as well.

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QWidget>
+#include <functional>
 
 #include "shell/Services.h"
 #include "shell/gui/Controls.h"
 
 class QCloseEvent;
-class QKeySequence;
 class QMenuBar;
 
 // The common part of every child window of the main frame. The frame creates a child window
@@ -43,6 +44,11 @@ protected:
     // Gives a menu item its shortcut keys, which work wherever the focus is in this window
     // (and only there, so that two windows may use the same keys).
     void SetShortcut(QAction* action, const QKeySequence& keys);
+    // A menu item that runs handler, in the trap under handlerName, with its shortcut keys
+    // (none when keys is empty).
+    QAction* AddCommand(QMenu* menu, const QString& caption, const QString& name,
+                        const char* handlerName, std::function<void()> handler,
+                        const QKeySequence& keys);
 
     // Runs body whenever sender emits signal, in the trap under the handler's name.
     template <class Sender, class Signal, class Handler>
