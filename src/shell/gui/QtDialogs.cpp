@@ -1,9 +1,11 @@
 #include "shell/gui/QtDialogs.h"
 
+#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPointer>
 
 #include "shell/gui/Colors.h"
 
@@ -65,18 +67,43 @@ QString Shown(const QString& text) {
     return shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
+// While a box is open it holds the keyboard; when it closes, the window and the control the
+// user was typing in get it back, so that the window's own keys work at once. Without this a
+// desktop that does not hand activation back leaves the window without an active state and
+// every key that belongs to it (Ctrl+P, Ctrl+S, Esc) does nothing until it is clicked.
+class ReturnFocusAfter {
+public:
+    ReturnFocusAfter()
+        : window_(QApplication::activeWindow()), control_(QApplication::focusWidget()) {}
+    ~ReturnFocusAfter() {
+        if (!window_)
+            return;
+        window_->activateWindow();
+        if (control_)
+            control_->setFocus(Qt::ActiveWindowFocusReason);
+    }
+    ReturnFocusAfter(const ReturnFocusAfter&) = delete;
+    ReturnFocusAfter& operator=(const ReturnFocusAfter&) = delete;
+
+private:
+    QPointer<QWidget> window_;
+    QPointer<QWidget> control_;
+};
+
 }  // namespace
 
 int QtDialogs::MsgBox(const QString& text, int style, const QString& title) {
     QMessageBox box(IconFor(style), title.isEmpty() ? kProgramName : title, Shown(text),
                     ButtonsFor(style), parent_);
     box.setTextFormat(Qt::PlainText);
+    const ReturnFocusAfter returnFocus;
     return AnswerFor(box.exec());
 }
 
 QString QtDialogs::InputBox(const QString& prompt, const QString& title,
                             const QString& defaultText) {
     bool ok = false;
+    const ReturnFocusAfter returnFocus;
     const QString answer =
         QInputDialog::getText(parent_, title.isEmpty() ? kProgramName : title, Shown(prompt),
                               QLineEdit::Normal, defaultText, &ok);
@@ -85,15 +112,18 @@ QString QtDialogs::InputBox(const QString& prompt, const QString& title,
 
 QString QtDialogs::OpenFileName(const QString& caption, const QString& folder,
                                 const QString& filter) {
+    const ReturnFocusAfter returnFocus;
     return QFileDialog::getOpenFileName(parent_, caption, folder, filter);
 }
 
 QString QtDialogs::SaveFileName(const QString& caption, const QString& folder,
                                 const QString& filter) {
+    const ReturnFocusAfter returnFocus;
     return QFileDialog::getSaveFileName(parent_, caption, folder, filter);
 }
 
 std::optional<quint32> QtDialogs::PickColor(quint32 initial, const QString& title) {
+    const ReturnFocusAfter returnFocus;
     const QColor chosen = QColorDialog::getColor(ToQColor(initial), parent_, title);
     if (!chosen.isValid())
         return std::nullopt;
