@@ -10,6 +10,8 @@ const QList<CommandInfo>& Commands() {
         {QStringLiteral("day"), QStringLiteral("day YYYY-MM-DD"),
          QStringLiteral("Print the date's mark and hover text, its note and its planner page."),
          Day},
+        {QStringLiteral("export"), QStringLiteral("export planner|notes YYYY-MM-DD FILE"),
+         QStringLiteral("Write the date's planner page (.pln) or note (.nte) to FILE."), Export},
     };
     return commands;
 }

@@ -8,7 +8,7 @@ class QTextStream;
 
 // The commands of the program's command line. Each reads the data folder through the same
 // stores as the window, prints to out (UTF-8) and reports problems on err. None opens a window
-// or changes a file.
+// or changes a file of the data folder; export writes only the file it is given.
 namespace cli {
 
 // Exit statuses: done; the data could be read only in part; the command line was wrong.
@@ -33,5 +33,10 @@ int RunCommand(const QStringList& command, const QString& dataFolder, QTextStrea
 // day YYYY-MM-DD: the date's mark and hover text, its note and its planner page.
 int Day(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
         QTextStream& err);
+
+// export planner|notes YYYY-MM-DD FILE: the date's page or note as a planner or notes file,
+// exactly as the windows export it.
+int Export(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
+           QTextStream& err);
 
 }  // namespace cli

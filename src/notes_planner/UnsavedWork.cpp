@@ -31,6 +31,8 @@ void FromJson(const QJsonValue& json, Array& values, Convert convert) {
 
 QJsonObject ToJson(const UnsavedEdit& edit, bool planner) {
     QJsonObject object{{"date", edit.date.toString(Qt::ISODate)}, {"offered", edit.offered}};
+    if (!edit.externalFile.isEmpty())
+        object.insert("file", edit.externalFile);
     if (!planner) {
         object.insert("text", edit.noteText);
         return object;
@@ -49,6 +51,7 @@ std::optional<UnsavedEdit> EditOf(const QJsonValue& json, bool planner) {
     if (!edit.date.isValid())
         return std::nullopt;
     edit.offered = object.value("offered").toBool();
+    edit.externalFile = object.value("file").toString();
     if (!planner) {
         edit.noteText = object.value("text").toString();
         return edit;

@@ -19,6 +19,8 @@ struct UnsavedEdit {
     QDate date;
     QString noteText;
     PlannerPage page;
+    // The planner or notes file the text came from, when it was not a calendar day's.
+    QString externalFile;
     // Already offered back once when the program started.
     bool offered = false;
 };

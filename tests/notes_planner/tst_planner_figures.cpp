@@ -114,8 +114,8 @@ private slots:
 
     void safetyCopyComesBackWhole() {
         TestEnv env;
-        UnsavedEdit note{QDate(2026, 9, 7), "caf\u00e9 \u65e5\r\nline", {}, false};
-        UnsavedEdit page{QDate(2026, 9, 8), {}, {}, false};
+        UnsavedEdit note{QDate(2026, 9, 7), "caf\u00e9 \u65e5\r\nline", {}, {}, false};
+        UnsavedEdit page{QDate(2026, 9, 8), {}, {}, "/home/ann/Plan \u00e9.pln", false};
         page.page.slotTexts[59] = "x";
         page.page.times[15] = "09:00 PM";
         page.page.bold[3] = page.page.done[9] = true;
@@ -129,6 +129,8 @@ private slots:
         QCOMPARE(again.Leftover(EditorKind::Notes)->noteText, note.noteText);
         QVERIFY(again.Leftover(EditorKind::Planner)->page == page.page);
         QVERIFY(again.Leftover(EditorKind::Planner)->offered);
+        QCOMPARE(again.Leftover(EditorKind::Planner)->externalFile, page.externalFile);
+        QVERIFY(again.Leftover(EditorKind::Notes)->externalFile.isEmpty());
         again.Forget(EditorKind::Notes);
         QVERIFY(env.exists("TempRecord.txt"));
         again.Forget(EditorKind::Planner);

@@ -110,7 +110,8 @@ void SavePlanner(Folder& folder, int content) {
 // Every store that writes a file. The procedure is the one whose report a failed save shows.
 void SaveUnsavedWork(Folder& folder, int content) {
     UnsavedWork work(folder.services);
-    UnsavedEdit edit{kToday, QStringLiteral("typed %1 ").repeated(200 * (content + 1)), {}, false};
+    UnsavedEdit edit{
+        kToday, QStringLiteral("typed %1 ").repeated(200 * (content + 1)), {}, {}, false};
     work.Keep(EditorKind::Notes, edit);
 }
 

@@ -13,9 +13,20 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     auto* help = new HelpMenus(frame, state.help, state.services);
     auto* calendar =
         new CalendarMenus(frame, state.services, state.dates, state.markerColors, state.marks);
-    const NotesPlannerContext context{frame,         state.services, state.dates, state.notes,
-                                      state.planner, state.changes,  state.prefs, state.search,
-                                      state.unsaved, printer,        {}};
+    const NotesPlannerContext context{frame,
+                                      state.services,
+                                      state.dates,
+                                      state.notes,
+                                      state.planner,
+                                      state.changes,
+                                      state.prefs,
+                                      state.search,
+                                      state.unsaved,
+                                      printer,
+                                      {},
+                                      {},
+                                      {},
+                                      {}};
     auto* notesPlanner = new NotesPlannerMenus(context, *calendar);
     new ShellMenus(frame, state.services, state.prefs);
     window.help = help;

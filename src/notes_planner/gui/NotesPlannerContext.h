@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDate>
+#include <QString>
 #include <functional>
 
 class DateModel;
@@ -31,6 +32,11 @@ struct NotesPlannerContext {
     Printer& printer;
     // F2 and F3 in an editor's text: the frequently used terms take them when they exist.
     std::function<void(QWidget* box, int key)> termKey;
+    // Shows a planner or notes file in its window; set by the main window's side.
+    std::function<void(const QString& path)> openExternalPlanner;
+    std::function<void(const QString& path)> openExternalNotes;
+    // Hands an exported file to the contact list to be sent on, once that exists.
+    std::function<void(const QString& path)> assignFile;
 
     // Makes sure date's year is one of the two years in memory, selecting date when it is
     // not, so that a page or note kept open while the calendar moved on saves into its year.

@@ -75,6 +75,8 @@ NotesPlannerMenus::NotesPlannerMenus(const NotesPlannerContext& context, Calenda
 
 void NotesPlannerMenus::ConnectOpeners() {
     planner_.plannerWindowOpener = [this] { OpenPlanner(); };
+    context_.openExternalNotes = [this](const QString& path) { OpenExternalNotes(path); };
+    context_.openExternalPlanner = [this](const QString& path) { OpenExternalPlanner(path); };
     const auto openNotes = [this] { OpenOn(dates_.SelectedDate, false); };
     const auto openPlanner = [this] { OpenOn(dates_.SelectedDate, true); };
     Handle(frame_.MenuItem(QStringLiteral("mnuOptDateOpenNotes")), this, openNotes);
@@ -113,23 +115,50 @@ void NotesPlannerMenus::OpenOn(const QDate& date, bool planner) {
         OpenNotes();
 }
 
+frmNotes* NotesPlannerMenus::ShowNotesWindow() {
+    return static_cast<frmNotes*>(frame_.ShowChild(QString::fromLatin1(frmNotes::kName),
+                                                   [this] { return new frmNotes(context_); }));
+}
+
+frmPlanner* NotesPlannerMenus::ShowPlannerWindow() {
+    auto* window = static_cast<frmPlanner*>(frame_.ShowChild(
+        QString::fromLatin1(frmPlanner::kName), [this] { return new frmPlanner(context_); }));
+    // The page takes all the room the frame has, as the calendar does.
+    if (QWidget* frame = window->parentWidget(); frame && !frame->isMaximized())
+        frame->showMaximized();
+    return window;
+}
+
 frmNotes* NotesPlannerMenus::OpenNotes(bool askToRestore) {
-    auto* window = static_cast<frmNotes*>(frame_.ShowChild(
-        QString::fromLatin1(frmNotes::kName), [this] { return new frmNotes(context_); }));
+    frmNotes* window = ShowNotesWindow();
     window->ShowSelectedDate(askToRestore);
     window->setFocus();
     return window;
 }
 
 frmPlanner* NotesPlannerMenus::OpenPlanner(bool askToRestore) {
-    auto* window = static_cast<frmPlanner*>(frame_.ShowChild(
-        QString::fromLatin1(frmPlanner::kName), [this] { return new frmPlanner(context_); }));
-    // The page takes all the room the frame has, as the calendar does.
-    if (QWidget* frame = window->parentWidget(); frame && !frame->isMaximized())
-        frame->showMaximized();
+    frmPlanner* window = ShowPlannerWindow();
     window->ShowSelectedDate(askToRestore);
     window->setFocus();
     return window;
+}
+
+void NotesPlannerMenus::OpenExternalNotes(const QString& path, bool askToRestore) {
+    const bool opened = notesWindow() != nullptr;
+    frmNotes* window = ShowNotesWindow();
+    if (window->ReadExternalNotes(path, askToRestore))
+        window->setFocus();
+    else if (!opened)
+        window->CloseWindow();
+}
+
+void NotesPlannerMenus::OpenExternalPlanner(const QString& path, bool askToRestore) {
+    const bool opened = plannerWindow() != nullptr;
+    frmPlanner* window = ShowPlannerWindow();
+    if (window->ReadExternalPlanner(path, askToRestore))
+        window->setFocus();
+    else if (!opened)
+        window->CloseWindow();
 }
 
 void NotesPlannerMenus::OfferUnsavedWork() {
@@ -141,8 +170,16 @@ void NotesPlannerMenus::OfferUnsavedWork() {
         if (context_.services.dialogs.MsgBox(RestoreQuestion(kind, leftover->date), kQuestionStyle,
                                              RestoreTitle(kind)) != vb::Yes)
             continue;
+        const bool planner = kind == EditorKind::Planner;
+        if (!leftover->externalFile.isEmpty()) {
+            if (planner)
+                OpenExternalPlanner(leftover->externalFile, false);
+            else
+                OpenExternalNotes(leftover->externalFile, false);
+            continue;
+        }
         dates_.SelectDate(leftover->date);
-        if (kind == EditorKind::Planner)
+        if (planner)
             OpenPlanner(false);
         else
             OpenNotes(false);

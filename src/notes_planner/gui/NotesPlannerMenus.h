@@ -24,6 +24,10 @@ public:
     // askToRestore false: a safety copy of the date is restored without asking.
     frmNotes* OpenNotes(bool askToRestore = true);
     frmPlanner* OpenPlanner(bool askToRestore = true);
+    // The notes or the planner window showing the planner or notes file at path; a window
+    // opened for it closes again when the file cannot be shown.
+    void OpenExternalNotes(const QString& path, bool askToRestore = true);
+    void OpenExternalPlanner(const QString& path, bool askToRestore = true);
     frmNotes* notesWindow() const;
     frmPlanner* plannerWindow() const;
 
@@ -47,6 +51,9 @@ public:
 
 private:
     void ConnectOpeners();
+    // The window, opened or brought up, showing what it showed.
+    frmNotes* ShowNotesWindow();
+    frmPlanner* ShowPlannerWindow();
     void RegisterEditors();
     // After a year's notes or planner were read: everything that shows them, once.
     void ScheduleRefresh();

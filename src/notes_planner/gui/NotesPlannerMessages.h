@@ -35,3 +35,12 @@ inline const QString kShowCursorCaption = QStringLiteral("Show Cursor Position")
 inline const QString kHideCursorCaption = QStringLiteral("Hide Cursor Position");
 inline const QString kCursorPositionPrefix = QStringLiteral("Cursor Position =    ");
 inline const QString kTextPositionPrefix = QStringLiteral("Text Position = ");
+
+inline const QString kExternalPlannerCaption = QStringLiteral("Displaying External Planner for ");
+inline const QString kMergeTitle = QStringLiteral("A Planner Exists with the same Date");
+// "A record with this date (03/07/26)already exists. Overwrite existing record?": no blank
+// after the parenthesis.
+inline QString MergeQuestion(const QString& date) {
+    return QStringLiteral("A record with this date (") + date +
+           QStringLiteral(")already exists. Overwrite existing record?");
+}

@@ -82,10 +82,10 @@ bool UnsavedTracker::AskBeforeClosing(Dialogs& dialogs, const QString& question,
     }
 }
 
-bool UnsavedTracker::OfferLeftover(Dialogs& dialogs, const QDate& date, UnsavedEdit& edit,
-                                   bool ask) {
+bool UnsavedTracker::OfferLeftover(Dialogs& dialogs, const QDate& date, const QString& externalFile,
+                                   UnsavedEdit& edit, bool ask) {
     const std::optional<UnsavedEdit> leftover = unsaved_.Leftover(kind_);
-    if (!leftover || leftover->date != date)
+    if (!leftover || leftover->date != date || leftover->externalFile != externalFile)
         return false;
     if (ask && dialogs.MsgBox(RestoreQuestion(kind_, date), kQuestionStyle, RestoreTitle(kind_)) !=
                    vb::Yes) {

@@ -42,10 +42,12 @@ public:
     bool AskBeforeClosing(Dialogs& dialogs, const QString& question, const QString& title,
                           const std::function<bool()>& save);
 
-    // A safety copy left of date by a session that ended without saving, offered back with a
-    // question (unless ask is false: the user has already said yes); true when the user took
-    // it (edit then holds it). A copy refused is dropped.
-    bool OfferLeftover(Dialogs& dialogs, const QDate& date, UnsavedEdit& edit, bool ask = true);
+    // A safety copy left of date (of the planner or notes file externalFile, when not empty)
+    // by a session that ended without saving, offered back with a question (unless ask is
+    // false: the user has already said yes); true when the user took it (edit then holds it).
+    // A copy refused is dropped.
+    bool OfferLeftover(Dialogs& dialogs, const QDate& date, const QString& externalFile,
+                       UnsavedEdit& edit, bool ask = true);
 
 private:
     UnsavedWork& unsaved_;

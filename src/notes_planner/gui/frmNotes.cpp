@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "calendar/DateModel.h"
+#include "notes_planner/ExternalFiles.h"
 #include "notes_planner/SearchState.h"
 #include "notes_planner/gui/NotesPlannerMessages.h"
 #include "notes_planner/gui/UnsavedTracker.h"
@@ -36,7 +37,7 @@ frmNotes::frmNotes(NotesPlannerContext& context)
     tracker_ = new UnsavedTracker(
         context_.unsaved, EditorKind::Notes, context_.changes.NotesChanged,
         [this] {
-            return UnsavedEdit{date_, NoteText(), {}, false};
+            return UnsavedEdit{date_, NoteText(), {}, externalFile_, false};
         },
         this);
     BuildMenus();
@@ -57,11 +58,15 @@ void frmNotes::BuildMenus() {
     AddCommand(
         file, QStringLiteral("&Print"), QStringLiteral("mnuFilePrint"), "mnuFilePrint_Click",
         [this] { mnuFilePrint_Click(); }, QKeySequence::Print);
-    // Export and import of notes files come with the external files.
-    AddItem(file, QStringLiteral("Export these Notes"), QStringLiteral("mnuFileExport"));
-    AddItem(file, QStringLiteral("Export these Notes and Assign to..."),
-            QStringLiteral("mnuFileExportNotesAndAssign"));
-    AddItem(file, QStringLiteral("Import External Notes"), QStringLiteral("mnuFileImport"));
+    AddCommand(
+        file, QStringLiteral("Export these Notes"), QStringLiteral("mnuFileExport"),
+        "mnuFileExport_Click", [this] { SaveExternalNotes(); }, QKeySequence(Qt::CTRL | Qt::Key_E));
+    AddCommand(file, QStringLiteral("Export these Notes and Assign to..."),
+               QStringLiteral("mnuFileExportNotesAndAssign"), "mnuFileExportNotesAndAssign_Click",
+               [this] { mnuFileExportNotesAndAssign_Click(); });
+    AddCommand(
+        file, QStringLiteral("Import External Notes"), QStringLiteral("mnuFileImport"),
+        "mnuFileImport_Click", [this] { mnuFileImport_Click(); }, QKeySequence::Open);
     QMenu* edit = AddMenu(MenuBar(), QStringLiteral("&Edit"), QStringLiteral("mnuEdit"));
     AddCommand(
         edit, QStringLiteral("Search A&gain"), QStringLiteral("mnuEditSearchAgain"),
@@ -73,20 +78,40 @@ void frmNotes::BuildMenus() {
 
 bool frmNotes::ShowSelectedDate(bool askToRestore) {
     const QDate selected = context_.dates.SelectedDate;
-    if (selected != date_ && !Form_QueryUnload())
+    if ((selected != date_ || IsExternal()) && !Form_QueryUnload())
         return false;
     const ShownNote shown = context_.notes.DisplayThisNote();
-    date_ = selected;
-    setWindowTitle(shown.caption);
+    ShowNote(selected, shown.caption, shown.text, QString(), askToRestore);
+    return true;
+}
+
+bool frmNotes::ReadExternalNotes(const QString& path, bool askToRestore) {
+    if (!Form_QueryUnload())
+        return false;
+    std::optional<ExternalNote> note;
+    services_.Trap("ReadExternalNotes", [&] {
+        note = ReadExternalNotesFile(services_, path, context_.dates.SelectedDate.year());
+    });
+    if (!note)
+        return false;
+    ShowNote(note->date, ExternalNotesCaption(note->date), note->text, path, askToRestore);
+    return true;
+}
+
+void frmNotes::ShowNote(const QDate& date, const QString& caption, const QString& text,
+                        const QString& externalFile, bool askToRestore) {
+    date_ = date;
+    externalFile_ = externalFile;
+    setWindowTitle(caption);
     tracker_->MarkClean();
     UnsavedEdit leftover;
-    const bool restored = tracker_->OfferLeftover(services_.dialogs, date_, leftover, askToRestore);
-    ShowText(restored ? leftover.noteText : shown.text);
+    const bool restored =
+        tracker_->OfferLeftover(services_.dialogs, date_, externalFile_, leftover, askToRestore);
+    ShowText(restored ? leftover.noteText : text);
     if (restored) {
         tracker_->MarkChanged();
         tracker_->KeepNow();
     }
-    return true;
 }
 
 void frmNotes::ShowText(const QString& text) {
@@ -108,6 +133,14 @@ void frmNotes::txtNotes_Change() {
 }
 
 bool frmNotes::mnuFileSave_Click() {
+    if (IsExternal()) {
+        const bool saved = services_.Trap("SaveExternalNotes", [this] {
+            SaveExternalFileTo(services_, externalFile_, ExternalNotesBytes(date_, NoteText()));
+        });
+        if (saved)
+            tracker_->MarkClean();
+        return saved;
+    }
     context_.LoadYearOf(date_);
     NotesStore& notes = context_.notes;
     bool saved = false;
@@ -130,6 +163,33 @@ void frmNotes::mnuFilePrint_Click() {
         page.SetHeading({heading});
         page.Line(text);
     });
+}
+
+QString frmNotes::SaveExternalNotes() {
+    QString path;
+    services_.Trap("SaveExternalNotes", [this, &path] {
+        path = ExportExternalFile(services_, ExternalKind::Notes,
+                                  ExternalNotesBytes(date_, NoteText()));
+    });
+    return path;
+}
+
+void frmNotes::mnuFileExportNotesAndAssign_Click() {
+    const QString path = SaveExternalNotes();
+    if (!path.isEmpty() && context_.assignFile)
+        context_.assignFile(path);
+}
+
+void frmNotes::mnuFileImport_Click() {
+    const QString path = PickExternalFile(services_, QStringLiteral("Import External Notes"));
+    if (path.isEmpty())
+        return;
+    // A planner file picked here opens in the planner.
+    if (path.endsWith(ExternalExtension(ExternalKind::Planner), Qt::CaseInsensitive) &&
+        context_.openExternalPlanner)
+        context_.openExternalPlanner(path);
+    else
+        ReadExternalNotes(path);
 }
 
 void frmNotes::mnuEditSearchAgain_Click() {

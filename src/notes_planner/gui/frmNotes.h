@@ -23,12 +23,21 @@ public:
     // for that date is offered back first. The notes on show are asked about before.
     // Returns false when the user kept them (Cancel).
     bool ShowSelectedDate(bool askToRestore = true);
+    // Shows the notes file at path under "Displaying External Notes for ..."; saving then goes
+    // back to that file. The notes on show are asked about before. False when not shown.
+    bool ReadExternalNotes(const QString& path, bool askToRestore = true);
     QDate date() const { return date_; }
+    bool IsExternal() const { return !externalFile_.isEmpty(); }
 
     // Saves the note into its year's file and reads that year again; false when it was not
     // saved (the text stays).
     bool mnuFileSave_Click();
     void mnuFilePrint_Click();
+    // Writes the note on show to a ".nte" file under a name the user gives; returns its path,
+    // empty when nothing was written.
+    QString SaveExternalNotes();
+    void mnuFileExportNotesAndAssign_Click();
+    void mnuFileImport_Click();
     void mnuEditSearchAgain_Click();
     void cmdPlanner_Click();
 
@@ -45,11 +54,16 @@ private:
     // The text as the notes file keeps it: lines ended by CR LF.
     QString NoteText() const;
     void ShowText(const QString& text);
+    // Shows text under caption as the note of date (of the file externalFile, when not empty),
+    // or the safety copy left of it.
+    void ShowNote(const QDate& date, const QString& caption, const QString& text,
+                  const QString& externalFile, bool askToRestore);
 
     NotesPlannerContext& context_;
     QPlainTextEdit* txtNotes_;
     QPushButton* cmdPlanner_;
     UnsavedTracker* tracker_;
     QDate date_;
+    QString externalFile_;
     bool loading_ = false;
 };

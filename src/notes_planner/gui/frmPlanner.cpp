@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "calendar/DateModel.h"
+#include "notes_planner/ExternalFiles.h"
 #include "notes_planner/PlannerFigures.h"
 #include "notes_planner/PlannerText.h"
 #include "notes_planner/SearchState.h"
@@ -45,7 +46,7 @@ frmPlanner::frmPlanner(NotesPlannerContext& context)
     tracker_ = new UnsavedTracker(
         context_.unsaved, EditorKind::Planner, context_.changes.PlannerChanged,
         [this] {
-            return UnsavedEdit{date_, {}, page_->Page(), false};
+            return UnsavedEdit{date_, {}, page_->Page(), externalFile_, false};
         },
         this);
     BuildMenus();
@@ -112,14 +113,22 @@ void frmPlanner::BuildFileMenu() {
         file, QStringLiteral("Copy Planner to Memory (to paste in another app)"),
         QStringLiteral("mnuFileCopyPlanner"), "CopyPlannerToMemory",
         [this] { CopyPlannerToMemory(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
-    // Export, merge and import of planner files come with the external files.
-    AddItem(file, QStringLiteral("Export this Planner to Share Folder"),
-            QStringLiteral("mnuFileExport"));
-    AddItem(file, QStringLiteral("Export this Planner and Assign to..."),
-            QStringLiteral("mnuFileExportPlannerAndAssign"));
-    AddItem(file, QStringLiteral("Merge this Planner into My Planner Records"),
-            QStringLiteral("mnuFileMerge"));
-    AddItem(file, QStringLiteral("Import Planner File"), QStringLiteral("mnuFileImport"));
+    AddCommand(
+        file, QStringLiteral("Export this Planner to Share Folder"),
+        QStringLiteral("mnuFileExport"), "mnuFileExport_Click", [this] { SaveExternalPlanner(); },
+        QKeySequence(Qt::CTRL | Qt::Key_E));
+    AddCommand(file, QStringLiteral("Export this Planner and Assign to..."),
+               QStringLiteral("mnuFileExportPlannerAndAssign"),
+               "mnuFileExportPlannerAndAssign_Click",
+               [this] { mnuFileExportPlannerAndAssign_Click(); });
+    // Only a page opened from a file can be merged into the records.
+    AddCommand(file, QStringLiteral("Merge this Planner into My Planner Records"),
+               QStringLiteral("mnuFileMerge"), "mnuFileMerge_Click",
+               [this] { mnuFileMerge_Click(); })
+        ->setEnabled(false);
+    AddCommand(
+        file, QStringLiteral("Import Planner File"), QStringLiteral("mnuFileImport"),
+        "mnuFileImport_Click", [this] { mnuFileImport_Click(); }, QKeySequence::Open);
     AddCommand(
         file, kPreviewCaption, QStringLiteral("mnuFilePreview"), "mnuFilePreview_Click",
         [this] { mnuFilePreview_Click(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P));
@@ -190,27 +199,108 @@ bool frmPlanner::ShowSelectedDate(bool askToRestore) {
 }
 
 bool frmPlanner::ShowDate(const QDate& date, bool askToRestore) {
-    if (date != date_ && !Form_QueryUnload())
+    if ((date != date_ || IsExternal()) && !Form_QueryUnload())
         return false;
     context_.dates.SelectDate(date);
     const OpenedPage opened = context_.planner.OpenPlannerRecord();
-    date_ = date;
     setWindowTitle(QStringLiteral("Planner for ") + opened.caption);
-    page_->SetDateCaption(opened.caption);
+    ShowPage(date, opened.caption, opened.found ? opened.page : NewPlannerPage(), QString(),
+             askToRestore);
+    return true;
+}
+
+bool frmPlanner::ReadExternalPlanner(const QString& path, bool askToRestore) {
+    if (!Form_QueryUnload())
+        return false;
+    std::optional<ExternalPage> opened;
+    services_.Trap("ReadExternalPlanner", [&] {
+        opened = ReadExternalPlannerFile(services_, path, context_.dates.SelectedDate.year());
+    });
+    if (!opened)
+        return false;
+    const QString caption = datefmt::LongDate(opened->date);
+    setWindowTitle(kExternalPlannerCaption + caption);
+    ShowPage(opened->date, caption, opened->page, path, askToRestore);
+    return true;
+}
+
+void frmPlanner::ShowPage(const QDate& date, const QString& caption, const PlannerPage& page,
+                          const QString& externalFile, bool askToRestore) {
+    date_ = date;
+    externalFile_ = externalFile;
+    Control<QAction>(QStringLiteral("mnuFileMerge"))->setEnabled(IsExternal());
+    page_->SetDateCaption(caption);
     tracker_->MarkClean();
     UnsavedEdit leftover;
-    const bool restored = tracker_->OfferLeftover(services_.dialogs, date_, leftover, askToRestore);
-    page_->SetPage(restored ? leftover.page : opened.found ? opened.page : NewPlannerPage());
+    const bool restored =
+        tracker_->OfferLeftover(services_.dialogs, date_, externalFile_, leftover, askToRestore);
+    page_->SetPage(restored ? leftover.page : page);
     if (restored) {
         tracker_->MarkChanged();
         tracker_->KeepNow();
     }
     if (stack_->currentWidget() != page_)
         mnuFilePreview_Click();
-    return true;
 }
 
 bool frmPlanner::mnuFileSave_Click() {
+    if (!IsExternal())
+        return SaveToRecords();
+    const bool saved = services_.Trap("SaveExternalPlanner", [this] {
+        SaveExternalFileTo(services_, externalFile_, ExternalPlannerBytes(date_, page_->Page()));
+    });
+    if (saved)
+        tracker_->MarkClean();
+    return saved;
+}
+
+QString frmPlanner::SaveExternalPlanner() {
+    QString path;
+    services_.Trap("SaveExternalPlanner", [this, &path] {
+        path = ExportExternalFile(services_, ExternalKind::Planner,
+                                  ExternalPlannerBytes(date_, page_->Page()));
+    });
+    return path;
+}
+
+void frmPlanner::mnuFileExportPlannerAndAssign_Click() {
+    const QString path = SaveExternalPlanner();
+    if (!path.isEmpty() && context_.assignFile)
+        context_.assignFile(path);
+}
+
+void frmPlanner::mnuFileImport_Click() {
+    const QString path = PickExternalFile(services_, QStringLiteral("Import Planner File"));
+    if (path.isEmpty())
+        return;
+    // A notes file picked here opens in the notes window.
+    if (path.endsWith(ExternalExtension(ExternalKind::Notes), Qt::CaseInsensitive) &&
+        context_.openExternalNotes)
+        context_.openExternalNotes(path);
+    else
+        ReadExternalPlanner(path);
+}
+
+void frmPlanner::mnuFileMerge_Click() {
+    if (!IsExternal())
+        return;
+    context_.LoadYearOf(date_);
+    if (context_.planner.HasPlanner(date_) &&
+        services_.dialogs.MsgBox(MergeQuestion(datefmt::MmDdYy(date_)), kQuestionStyle,
+                                 kMergeTitle) != vb::Yes)
+        return;
+    // The page is the calendar day's from now on; the file stays as it was.
+    if (!SaveToRecords())
+        return;
+    context_.dates.SelectDate(date_);
+    externalFile_.clear();
+    Control<QAction>(QStringLiteral("mnuFileMerge"))->setEnabled(false);
+    const QString caption = datefmt::Format(date_, QStringLiteral("dddd, mmmm d yyyy"));
+    setWindowTitle(QStringLiteral("Planner for ") + caption);
+    page_->SetDateCaption(caption);
+}
+
+bool frmPlanner::SaveToRecords() {
     context_.LoadYearOf(date_);
     PlannerStore& planner = context_.planner;
     const PlannerPage page = page_->Page();

@@ -2,6 +2,8 @@
 
 #include <QDate>
 
+#include "notes_planner/PlannerRecord.h"
+
 #include "notes_planner/gui/NotesPlannerContext.h"
 #include "shell/gui/ChildWindow.h"
 
@@ -27,12 +29,22 @@ public:
     // offered back first. The page on show is asked about before. Returns false when the user
     // kept it (Cancel).
     bool ShowSelectedDate(bool askToRestore = true);
+    // Shows the planner file at path; saving then goes back to that file, and Merge stores the
+    // page as its date's page. The page on show is asked about before. False when not shown.
+    bool ReadExternalPlanner(const QString& path, bool askToRestore = true);
     QDate date() const { return date_; }
+    bool IsExternal() const { return !externalFile_.isEmpty(); }
     PlannerPageView& page() const { return *page_; }
 
     // Stores the page into its year and writes the year's file; false when it was not saved.
     bool mnuFileSave_Click();
     void CopyPlannerToMemory();
+    // Writes the page on show to a ".pln" file under a name the user gives; returns its path,
+    // empty when nothing was written.
+    QString SaveExternalPlanner();
+    void mnuFileExportPlannerAndAssign_Click();
+    void mnuFileMerge_Click();
+    void mnuFileImport_Click();
     void mnuFilePreview_Click();
     void PrintThePlanner();
     void mnuEditTime_Click();
@@ -56,6 +68,12 @@ private:
     void BuildOptionsMenu();
     void BuildToDoMenu();
     bool ShowDate(const QDate& date, bool askToRestore = true);
+    // Shows page as the page of date (of the file externalFile, when not empty), or the safety
+    // copy left of it.
+    void ShowPage(const QDate& date, const QString& caption, const PlannerPage& page,
+                  const QString& externalFile, bool askToRestore);
+    // Stores the page as its date's page and writes its year's file.
+    bool SaveToRecords();
     void txt_Change();
     void txt_LostFocus(int slot);
     void cmdOK_Click(int line, const QString& text);
@@ -68,4 +86,5 @@ private:
     QLabel* lblCursPos_;
     UnsavedTracker* tracker_;
     QDate date_;
+    QString externalFile_;
 };

@@ -48,7 +48,7 @@ protected:
     // (none when keys is empty).
     QAction* AddCommand(QMenu* menu, const QString& caption, const QString& name,
                         const char* handlerName, std::function<void()> handler,
-                        const QKeySequence& keys);
+                        const QKeySequence& keys = {});
 
     // Runs body whenever sender emits signal, in the trap under the handler's name.
     template <class Sender, class Signal, class Handler>
