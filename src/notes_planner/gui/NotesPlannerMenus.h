@@ -9,6 +9,7 @@
 class CalendarMenus;
 class QListWidget;
 class QListWidgetItem;
+class frmNoteList;
 class frmNotes;
 class frmPlanner;
 
@@ -24,6 +25,10 @@ public:
     // askToRestore false: a safety copy of the date is restored without asking.
     frmNotes* OpenNotes(bool askToRestore = true);
     frmPlanner* OpenPlanner(bool askToRestore = true);
+    // Selects date and opens its planner window (planner) or its notes window.
+    void OpenOn(const QDate& date, bool planner);
+    // The notes and planner management window, opened or brought up.
+    frmNoteList* OpenNoteList();
     frmNotes* notesWindow() const;
     frmPlanner* plannerWindow() const;
 
@@ -52,7 +57,6 @@ private:
     void ScheduleRefresh();
     // Opens the planner of date when it has a page, else its notes.
     void lstTasks_Click(QListWidgetItem* item);
-    void OpenOn(const QDate& date, bool planner);
 
     NotesPlannerContext context_;
     frmMain& frame_;

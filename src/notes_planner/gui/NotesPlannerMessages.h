@@ -35,3 +35,11 @@ inline const QString kShowCursorCaption = QStringLiteral("Show Cursor Position")
 inline const QString kHideCursorCaption = QStringLiteral("Hide Cursor Position");
 inline const QString kCursorPositionPrefix = QStringLiteral("Cursor Position =    ");
 inline const QString kTextPositionPrefix = QStringLiteral("Text Position = ");
+
+// The notes and planner management window.
+inline const QString kNothingSelectedMessage = QStringLiteral("Nothing has been selected.");
+inline const QString kNoteNotFoundMessage = QStringLiteral("Couldn't find note to open.");
+inline const QString kPlannerNotFoundMessage = QStringLiteral("Couldn't find planner to open.");
+inline const QString kDeleteAllQuestion =
+    QStringLiteral("You're about to delete all the files in the list. Continue?");
+inline const QString kDeleteAllTitle = QStringLiteral("Deleting All File in the List");
