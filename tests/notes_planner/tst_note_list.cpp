@@ -57,8 +57,8 @@ private slots:
         const QString file = QString::number(year) + (panel == 0 ? "/Notes.dat" : "/Planner.dat");
         MainWindowFixture f(QDateTime(kToday, QTime(9, 0)));
         f.env.write(file, Days(yy,
-                               "03/02/yy:020101:March \xe9\r\n09/20/yy:080003:x\n"
-                               "09/15/yy:080202:gone\r\n09/07/yy:080101:last"));
+                               "09/15/yy:080202:gone\r\n03/02/yy:020101:March \xe9\r\n"
+                               "09/20/yy:080003:x\n09/07/yy:080101:last"));
         f.Start();
         frmNoteList* window = OpenList(f);
         window->Control<QComboBox>("cmbYear", panel)->setCurrentText(QString::number(year));
