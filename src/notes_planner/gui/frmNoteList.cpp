@@ -102,7 +102,7 @@ QGroupBox* frmNoteList::BuildPanel(int panel) {
     auto* list = new QListWidget;
     list->setObjectName(ArrayName(QStringLiteral("lst"), panel));
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    list->setMinimumSize(240, 260);
+    list->setMinimumSize(240, 100);
 
     auto* choices = new QGridLayout;
     choices->addWidget(new QLabel(QStringLiteral("Change Year Below")), 0, 0);
@@ -145,8 +145,13 @@ void frmNoteList::ConnectPanel(int panel) {
     On(button("cmdDeleteAll"), &QPushButton::clicked, "cmdDeleteAll_Click",
        [this, panel] { cmdDeleteAll_Click(panel); });
     // Enter (or a double click) on a date opens it; Delete deletes the dates selected.
-    On(List(panel), &QListWidget::itemActivated, "lst_DblClick",
-       [this, panel] { cmdOpen_Click(panel); });
+    // The date the keyboard is on counts as selected, even when the arrows have not selected it.
+    connect(List(panel), &QListWidget::itemActivated, this, [this, panel](QListWidgetItem* item) {
+        services_.Trap("lst_DblClick", [&] {
+            item->setSelected(true);
+            cmdOpen_Click(panel);
+        });
+    });
     auto* deleteKey = new QShortcut(QKeySequence::Delete, List(panel));
     deleteKey->setContext(Qt::WidgetShortcut);
     On(deleteKey, &QShortcut::activated, "lst_KeyDown", [this, panel] { cmdDelete_Click(panel); });
@@ -201,8 +206,6 @@ void frmNoteList::PopulateListBoxes(int panel) {
         auto* item = new QListWidgetItem(datefmt::LongDate(date), list);
         item->setData(Qt::UserRole, date);
     }
-    if (list->count() > 0)
-        list->setCurrentRow(0, QItemSelectionModel::NoUpdate);
 }
 
 QList<QDate> frmNoteList::SelectedDates(int panel) const {
