@@ -143,6 +143,19 @@ MUTANTS = [
     ("cli/DayCommand.cpp", "QStringLiteral(\" (bold)\")", "QString()", "day: bold time"),
     ("cli/Commands.cpp", "        if (!QFileInfo(dataFolder).isDir()) {", "        if (false) {", "day: missing data folder"),
     ("shell/ErrorLog.cpp", "    if (writesErrorLog)\n", "", "command line writes Error.log"),
+    ("notes_planner/DatedFile.cpp", "                kept += lines[i];",
+     "                kept += FormatDatedLine(entries.dateKeys[i], entries.cellCodes[i], entries.payloads[i]) + \"\\r\\n\";",
+     "delete: other lines rewritten instead of kept as they were"),
+    ("notes_planner/DatedFile.cpp", "(month == 0 || date.month() == month)", "(month == 0 || true)",
+     "note list: month filter"),
+    ("notes_planner/DatedFile.cpp", "    std::sort(dates.begin(), dates.end());\n    dates.erase", "    dates.erase",
+     "note list: dates in file order"),
+    ("notes_planner/modNotes.cpp", "        ReadThisYearsNotes();\n    else", "        ;\n    else",
+     "delete: the year in memory is not read again"),
+    ("notes_planner/gui/frmNoteList.cpp", "kDeleteAllTitle) != vb::Yes)", "kDeleteAllTitle) == 42)",
+     "note list: Delete All ignores No"),
+    ("notes_planner/gui/frmNoteList.cpp", "    if (!found) {", "    if (false) {",
+     "note list: opens a date whose note is gone"),
 ]
 
 

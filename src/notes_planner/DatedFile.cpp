@@ -2,9 +2,13 @@
 
 #include <sys/stat.h>
 
+#include <QDir>
 #include <QFile>
+#include <QSet>
+#include <algorithm>
 #include <cerrno>
 
+#include "shell/DateFormats.h"
 #include "shell/Files.h"
 #include "shell/FixedWidth.h"
 #include "shell/SafeSave.h"
@@ -29,6 +33,19 @@ CellIndex CellOfCode(QByteArrayView code) {
     if (!cell)
         Raise(err::SubscriptOutOfRange);
     return *cell;
+}
+
+// Each line of a file's bytes with the line end that follows it, as read.
+QList<QByteArrayView> LinesWithEnds(const QByteArray& bytes) {
+    QList<qsizetype> starts;
+    textfile::ForEachLine(
+        bytes, [&](QByteArrayView line) { starts.append(line.data() - bytes.constData()); });
+    QList<QByteArrayView> lines;
+    for (qsizetype i = 0; i < starts.size(); ++i) {
+        const qsizetype end = i + 1 < starts.size() ? starts[i + 1] : bytes.size();
+        lines.append(QByteArrayView(bytes).sliced(starts[i], end - starts[i]));
+    }
+    return lines;
 }
 
 }  // namespace
@@ -112,4 +129,63 @@ void WriteDatedLines(Services& services, int year, const QString& fileName,
             safesave::RaiseSystemError(errno);
     }
     safesave::Replace(PathForWriting(realFolder, fileName), content);
+}
+
+QList<int> YearsWithFolders(const QString& appFolder) {
+    QList<int> years;
+    for (const QString& name : QDir(appFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const bool digits = std::all_of(name.begin(), name.end(), [](QChar c) {
+            return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+        });
+        if (name.size() == 4 && digits)
+            years.append(name.toInt());
+    }
+    std::sort(years.begin(), years.end());
+    return years;
+}
+
+QList<QDate> DatesInFile(const QString& appFolder, int year, const QString& fileName, int month) {
+    DatedEntries entries;
+    try {
+        ReadDatedFile(appFolder, year, fileName, entries);
+    } catch (const VbError&) {
+        // The entries before the faulty line are listed.
+    }
+    QList<QDate> dates;
+    for (const QString& key : entries.dateKeys) {
+        const QDate date = datefmt::ParseMmDdYy(key, year);
+        if (date.year() == year && (month == 0 || date.month() == month))
+            dates.append(date);
+    }
+    std::sort(dates.begin(), dates.end());
+    dates.erase(std::unique(dates.begin(), dates.end()), dates.end());
+    return dates;
+}
+
+bool DeleteDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
+                      const QList<QDate>& dates) {
+    QSet<QString> keys;
+    for (const QDate& date : dates)
+        keys.insert(datefmt::MmDdYy(date));
+    bool readWhole = true;
+    const bool done = services.Trap(procedure, [&] {
+        DatedEntries entries;
+        try {
+            ReadDatedFile(services.AppFolder, year, fileName, entries);
+        } catch (const VbError&) {
+            readWhole = false;
+            throw;
+        }
+        const QList<QByteArrayView> lines = LinesWithEnds(entries.fileBytes);
+        QByteArray kept;
+        kept.reserve(entries.fileBytes.size());
+        for (qsizetype i = 0; i < lines.size(); ++i)
+            if (!keys.contains(entries.dateKeys[i]))
+                kept += lines[i];
+        if (kept.size() != entries.fileBytes.size())
+            WriteDatedLines(services, year, fileName, kept);
+    });
+    if (!readWhole)
+        services.RefuseSaveAfterPartialRead(true, YearFileName(year, fileName));
+    return done;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QDate>
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -80,3 +82,23 @@ void WriteDatedFile(Services& services, int year, const QString& fileName,
     }
     WriteDatedLines(services, year, fileName, content);
 }
+
+// The years that have a year folder ("yyyy", any four digits) in the data folder, in order.
+QList<int> YearsWithFolders(const QString& appFolder);
+
+// The dates that have a line in the year's file, read fresh, in date order, each once; month 0
+// takes every month. A file that stops at a faulty line gives the dates of the lines before it:
+// the faulty line is reported when its year is read for the calendar, or when a change to the
+// file is refused.
+QList<QDate> DatesInFile(const QString& appFolder, int year, const QString& fileName,
+                         int month = 0);
+
+// Removes the lines of dates (dates of year) from the year's file. The file is read fresh, and
+// every other line is written back exactly as it was, its line end included, through the same
+// crash-safe replacement as a save; a file without any of the dates is not written. A file
+// that cannot be read whole is never written: its faulty line is reported under procedure
+// (and so named in Error.log), then the change is refused as a save after a partial read is.
+// A failed write is reported under procedure. Returns whether the file now holds none of
+// those dates' lines.
+bool DeleteDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
+                      const QList<QDate>& dates);

@@ -92,6 +92,16 @@ bool NotesStore::SaveYear(Year year, const char* procedure, const QDate& date,
     });
 }
 
+bool NotesStore::DeleteNotes(int year, const QList<QDate>& dates) {
+    if (!DeleteDatedLines(services_, "DeleteNotes", year, kNotesFile, dates))
+        return false;
+    if (year == dates_.YearOf(Year::This))
+        ReadThisYearsNotes();
+    else if (year == dates_.YearOf(Year::Next))
+        ReadNextYearsNotes();
+    return true;
+}
+
 ShownNote NotesStore::DisplayThisNote() {
     ShownNote shown;
     services_.Trap("DisplayThisNote", [&] {

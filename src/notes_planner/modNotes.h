@@ -50,6 +50,12 @@ public:
     bool SaveThisYearsNotes(const QDate& date, const QString& text);
     bool SaveNextYearsNotes(const QDate& date, const QString& text);
 
+    // Removes the notes of dates (dates of year, which may be any year) from the year's file,
+    // every other line staying as it was, without a word when it worked; a year in memory is
+    // read again so that everything showing its notes follows. A file that cannot be read
+    // whole is refused and left as it is. Returns false when the notes are still there.
+    bool DeleteNotes(int year, const QList<QDate>& dates);
+
     // The selected date's note, decoded, under its caption.
     ShownNote DisplayThisNote();
 

@@ -164,6 +164,16 @@ bool PlannerStore::SaveYear(Year year, const char* procedure, const QString& mes
     return saved;
 }
 
+bool PlannerStore::DeletePlanners(int year, const QList<QDate>& dates) {
+    if (!DeleteDatedLines(services_, "DeletePlanners", year, kPlannerFile, dates))
+        return false;
+    if (year == dates_.YearOf(Year::This))
+        ReadThisYearsPlanner();
+    else if (year == dates_.YearOf(Year::Next))
+        ReadNextYearsPlanner();
+    return true;
+}
+
 bool PlannerStore::HasPlanner(const QDate& date) const {
     const auto cell = dates_.FindDay(date);
     return cell && years[dates_.YearSlotOf(date)].exists[*cell];

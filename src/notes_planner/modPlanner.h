@@ -87,6 +87,12 @@ public:
     bool SaveThisYearsPlannerFile();
     bool SaveNextYearsPlannerFile();
 
+    // Removes the pages of dates (dates of year, which may be any year) from the year's file,
+    // every other line staying as it was, without a word when it worked; a year in memory is
+    // read again so that everything showing its pages follows. A file that cannot be read
+    // whole is refused and left as it is. Returns false when the pages are still there.
+    bool DeletePlanners(int year, const QList<QDate>& dates);
+
     bool HasPlanner(const QDate& date) const;
     // A date's record; empty when it has none.
     QString RecordOf(const QDate& date) const;

@@ -107,6 +107,22 @@ void SavePlanner(Folder& folder, int content) {
     planner.SaveThisYearsPlannerFile();
 }
 
+// Deleting notes: content 0 is a year of notes, 1 and 2 that year with the dates of one and
+// then two groups deleted, each step one delete. Where the file is missing, the year is
+// written first.
+void DeleteNotes(Folder& folder, int content) {
+    if (content == 0 || !QFile::exists(folder.services.PathOf(QStringLiteral("2026/Notes.dat")))) {
+        SaveNotes(folder, 0);
+        if (content == 0)
+            return;
+    }
+    QList<QDate> dates;
+    for (int day = 1; day <= 20; ++day)
+        if ((day - 1) % 5 < content)
+            dates.append(QDate(2026, 1 + day % 12, day));
+    NotesStore(folder.services, folder.dates).DeleteNotes(2026, dates);
+}
+
 // Every store that writes a file. The procedure is the one whose report a failed save shows.
 void SaveUnsavedWork(Folder& folder, int content) {
     UnsavedWork work(folder.services);
@@ -129,6 +145,7 @@ const Store kStores[] = {
     {"SaveThisYearsNotes", "2026/Notes.dat", {}, SaveNotes},
     {"SaveThisYearsPlannerFile", "2026/Planner.dat", {}, SavePlanner},
     {"KeepUnsavedWork", kTempRecordFile, {}, SaveUnsavedWork},
+    {"DeleteNotes", "2026/Notes.dat", {}, DeleteNotes},
 };
 
 const QByteArray kMissing = "<missing>";

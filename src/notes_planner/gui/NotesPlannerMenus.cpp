@@ -8,6 +8,7 @@
 #include "calendar/DateModel.h"
 #include "calendar/gui/CalendarMenus.h"
 #include "notes_planner/gui/UnsavedTracker.h"
+#include "notes_planner/gui/frmNoteList.h"
 #include "notes_planner/gui/frmNotes.h"
 #include "notes_planner/gui/frmPlanner.h"
 #include "notes_planner/modNotes.h"
@@ -87,6 +88,7 @@ void NotesPlannerMenus::ConnectOpeners() {
     plannerButton->setEnabled(true);
     connect(notesButton, &QToolButton::clicked, this, openNotes);
     connect(plannerButton, &QToolButton::clicked, this, openPlanner);
+    Handle(frame_.MenuItem(QStringLiteral("mnuManageNotes")), this, [this] { OpenNoteList(); });
     connect(&calendar_, &CalendarMenus::dayActivated, this,
             [this](const QDate& date) { OpenOn(date, true); });
 }
@@ -126,6 +128,15 @@ frmPlanner* NotesPlannerMenus::ShowPlannerWindow() {
     // The page takes all the room the frame has, as the calendar does.
     if (QWidget* frame = window->parentWidget(); frame && !frame->isMaximized())
         frame->showMaximized();
+    return window;
+}
+
+frmNoteList* NotesPlannerMenus::OpenNoteList() {
+    auto* window =
+        static_cast<frmNoteList*>(frame_.ShowChild(QString::fromLatin1(frmNoteList::kName), [this] {
+            return new frmNoteList(context_, *this);
+        }));
+    window->setFocus();
     return window;
 }
 

@@ -9,6 +9,7 @@
 class CalendarMenus;
 class QListWidget;
 class QListWidgetItem;
+class frmNoteList;
 class frmNotes;
 class frmPlanner;
 
@@ -28,6 +29,10 @@ public:
     // opened for it closes again when the file cannot be shown.
     void OpenExternalNotes(const QString& path, bool askToRestore = true);
     void OpenExternalPlanner(const QString& path, bool askToRestore = true);
+    // Selects date and opens its planner window (planner) or its notes window.
+    void OpenOn(const QDate& date, bool planner);
+    // The notes and planner management window, opened or brought up.
+    frmNoteList* OpenNoteList();
     frmNotes* notesWindow() const;
     frmPlanner* plannerWindow() const;
 
@@ -59,7 +64,6 @@ private:
     void ScheduleRefresh();
     // Opens the planner of date when it has a page, else its notes.
     void lstTasks_Click(QListWidgetItem* item);
-    void OpenOn(const QDate& date, bool planner);
 
     NotesPlannerContext context_;
     frmMain& frame_;

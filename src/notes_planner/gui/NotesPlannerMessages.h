@@ -44,3 +44,10 @@ inline QString MergeQuestion(const QString& date) {
     return QStringLiteral("A record with this date (") + date +
            QStringLiteral(")already exists. Overwrite existing record?");
 }
+// The notes and planner management window.
+inline const QString kNothingSelectedMessage = QStringLiteral("Nothing has been selected.");
+inline const QString kNoteNotFoundMessage = QStringLiteral("Couldn't find note to open.");
+inline const QString kPlannerNotFoundMessage = QStringLiteral("Couldn't find planner to open.");
+inline const QString kDeleteAllQuestion =
+    QStringLiteral("You're about to delete all the files in the list. Continue?");
+inline const QString kDeleteAllTitle = QStringLiteral("Deleting All File in the List");
