@@ -7,10 +7,12 @@
 
 #include "calendar/DateModel.h"
 #include "calendar/gui/CalendarMenus.h"
+#include "notes_planner/gui/NotesPlannerMessages.h"
 #include "notes_planner/gui/UnsavedTracker.h"
 #include "notes_planner/gui/frmNoteList.h"
 #include "notes_planner/gui/frmNotes.h"
 #include "notes_planner/gui/frmPlanner.h"
+#include "notes_planner/gui/frmSearch.h"
 #include "notes_planner/modNotes.h"
 #include "notes_planner/modPlanner.h"
 #include "shell/DateFormats.h"
@@ -81,6 +83,7 @@ void NotesPlannerMenus::ConnectOpeners() {
     const auto openNotes = [this] { OpenOn(dates_.SelectedDate, false); };
     const auto openPlanner = [this] { OpenOn(dates_.SelectedDate, true); };
     Handle(frame_.MenuItem(QStringLiteral("mnuOptDateOpenNotes")), this, openNotes);
+    Handle(frame_.MenuItem(QStringLiteral("mnuEditFind")), this, [this] { OpenSearch(); });
     Handle(frame_.MenuItem(QStringLiteral("mnuOptDateOpenPlanner")), this, openPlanner);
     auto* notesButton = frame_.Control<QToolButton>(ArrayName(QStringLiteral("imgOpt"), 1));
     auto* plannerButton = frame_.Control<QToolButton>(ArrayName(QStringLiteral("imgOpt"), 2));
@@ -170,6 +173,31 @@ void NotesPlannerMenus::OpenExternalPlanner(const QString& path, bool askToResto
         window->setFocus();
     else if (!opened)
         window->CloseWindow();
+}
+
+void NotesPlannerMenus::OpenFound(const QDate& date, bool planner) {
+    // Selected the way the date selectors select it, so that the calendar shows its month.
+    emit frame_.dateChosen(date);
+    dates_.SelectDate(date);
+    if (planner ? !planner_.HasPlanner(date) : !notes_.HasNote(date)) {
+        context_.services.dialogs.MsgBox(planner ? kPlannerNotFoundMessage : kNoteNotFoundMessage);
+        return;
+    }
+    if (planner)
+        OpenPlanner()->SelectOccurrence(true);
+    else
+        OpenNotes()->SelectOccurrence(true);
+}
+
+void NotesPlannerMenus::OpenSearch() {
+    frame_
+        .ShowChild(QString::fromLatin1(frmSearch::kName),
+                   [this] {
+                       return new frmSearch(context_, [this](const QDate& date, bool planner) {
+                           OpenFound(date, planner);
+                       });
+                   })
+        ->setFocus();
 }
 
 void NotesPlannerMenus::OfferUnsavedWork() {

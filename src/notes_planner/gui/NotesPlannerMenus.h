@@ -33,6 +33,12 @@ public:
     void OpenOn(const QDate& date, bool planner);
     // The notes and planner management window, opened or brought up.
     frmNoteList* OpenNoteList();
+    // A date found by a search or listed by the manager, opened in its notes or planner
+    // window with the search phrase's first occurrence selected; a date whose note or page has
+    // gone in the meantime is said so.
+    void OpenFound(const QDate& date, bool planner);
+    // The search window, opened or brought up.
+    void OpenSearch();
     frmNotes* notesWindow() const;
     frmPlanner* plannerWindow() const;
 

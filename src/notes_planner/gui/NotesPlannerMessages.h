@@ -44,10 +44,19 @@ inline QString MergeQuestion(const QString& date) {
     return QStringLiteral("A record with this date (") + date +
            QStringLiteral(")already exists. Overwrite existing record?");
 }
-// The notes and planner management window.
+// The notes and planner management window and the search window.
 inline const QString kNothingSelectedMessage = QStringLiteral("Nothing has been selected.");
 inline const QString kNoteNotFoundMessage = QStringLiteral("Couldn't find note to open.");
 inline const QString kPlannerNotFoundMessage = QStringLiteral("Couldn't find planner to open.");
 inline const QString kDeleteAllQuestion =
     QStringLiteral("You're about to delete all the files in the list. Continue?");
 inline const QString kDeleteAllTitle = QStringLiteral("Deleting All File in the List");
+
+inline const QString kNoPhraseMessage = QStringLiteral("No phrase has been entered.");
+inline const QString kPhraseNotFoundMessage = QStringLiteral("Search Phrase was not found.");
+// "Search Phrase appears on 1 date" (no point) or "Search Phrase appears on 3 dates.".
+inline QString AppearsOnMessage(int count) {
+    return count == 1 ? QStringLiteral("Search Phrase appears on 1 date")
+                      : QStringLiteral("Search Phrase appears on ") + QString::number(count) +
+                            QStringLiteral(" dates.");
+}

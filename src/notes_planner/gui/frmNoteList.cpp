@@ -30,7 +30,6 @@ struct PanelTexts {
     QString open;
     QString deleteSelected;
     QString deleteAll;
-    QString notFound;
     const QString& fileName;
 };
 
@@ -39,13 +38,11 @@ const PanelTexts& TextsOf(int panel) {
                                   QStringLiteral("Open Selected Note"),
                                   QStringLiteral("Delete Selected Notes"),
                                   QStringLiteral("Delete All Notes in List"),
-                                  kNoteNotFoundMessage,
                                   kNotesFile};
     static const PanelTexts planners{QStringLiteral("Planners Listed by Date Below"),
                                      QStringLiteral("Open Selected Planner"),
                                      QStringLiteral("Delete Selected Planner"),
                                      QStringLiteral("Delete All Planners in List"),
-                                     kPlannerNotFoundMessage,
                                      kPlannerFile};
     return panel == frmNoteList::kNotesPanel ? notes : planners;
 }
@@ -219,17 +216,7 @@ void frmNoteList::cmdOpen_Click(int panel) {
         services_.dialogs.MsgBox(kNothingSelectedMessage);
         return;
     }
-    const QDate date = selected.first();
-    const bool planner = panel == kPlannersPanel;
-    // Selected the way the date selectors select it, so that the calendar shows its month.
-    emit context_.frame.dateChosen(date);
-    context_.dates.SelectDate(date);
-    const bool found = planner ? context_.planner.HasPlanner(date) : context_.notes.HasNote(date);
-    if (!found) {
-        services_.dialogs.MsgBox(TextsOf(panel).notFound);
-        return;
-    }
-    menus_.OpenOn(date, planner);
+    menus_.OpenFound(selected.first(), panel == kPlannersPanel);
 }
 
 void frmNoteList::cmdDelete_Click(int panel) {

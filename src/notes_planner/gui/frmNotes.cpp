@@ -193,19 +193,24 @@ void frmNotes::mnuFileImport_Click() {
 }
 
 void frmNotes::mnuEditSearchAgain_Click() {
+    if (context_.search.IsActive() && !SelectOccurrence(false))
+        services_.dialogs.MsgBox(kNoMoreOccurrencesMessage);
+}
+
+bool frmNotes::SelectOccurrence(bool fromStart) {
     const SearchState& search = context_.search;
     if (!search.IsActive())
-        return;
+        return false;
     QTextCursor cursor = txtNotes_->textCursor();
     const QString text = txtNotes_->toPlainText();
-    const qsizetype found = FindNextOccurrence(text, search.phrase, cursor.selectionEnd());
-    if (found < 0) {
-        services_.dialogs.MsgBox(kNoMoreOccurrencesMessage);
-        return;
-    }
+    const qsizetype found =
+        FindNextOccurrence(text, search.phrase, fromStart ? 0 : cursor.selectionEnd());
+    if (found < 0)
+        return false;
     cursor.setPosition(int(found));
     cursor.setPosition(int(found + search.phrase.size()), QTextCursor::KeepAnchor);
     txtNotes_->setTextCursor(cursor);
+    return true;
 }
 
 void frmNotes::cmdPlanner_Click() {

@@ -39,6 +39,9 @@ public:
     void mnuFileExportNotesAndAssign_Click();
     void mnuFileImport_Click();
     void mnuEditSearchAgain_Click();
+    // Selects the search phrase's next occurrence after the selection (or its first, from
+    // the start); false when there is none or no search is active.
+    bool SelectOccurrence(bool fromStart);
     void cmdPlanner_Click();
 
 protected:

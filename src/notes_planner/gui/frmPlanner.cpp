@@ -377,11 +377,16 @@ void frmPlanner::mnuEditDelete_Click() {
 }
 
 void frmPlanner::mnuEditSearchAgain_Click() {
+    if (context_.search.IsActive() && !SelectOccurrence(false))
+        services_.dialogs.MsgBox(kNoMoreOccurrencesMessage);
+}
+
+bool frmPlanner::SelectOccurrence(bool fromStart) {
     const SearchState& search = context_.search;
     if (!search.IsActive())
-        return;
+        return false;
     const QList<QLineEdit*>& boxes = page_->TabOrder();
-    auto* focused = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    auto* focused = fromStart ? nullptr : qobject_cast<QLineEdit*>(QApplication::focusWidget());
     qsizetype at = qMax<qsizetype>(boxes.indexOf(focused), 0);
     qsizetype from = boxes[at] == focused ? (focused->hasSelectedText() ? focused->selectionEnd()
                                                                         : focused->cursorPosition())
@@ -391,10 +396,10 @@ void frmPlanner::mnuEditSearchAgain_Click() {
         if (found >= 0) {
             boxes[at]->setFocus();
             boxes[at]->setSelection(int(found), int(search.phrase.size()));
-            return;
+            return true;
         }
     }
-    services_.dialogs.MsgBox(kNoMoreOccurrencesMessage);
+    return false;
 }
 
 void frmPlanner::CopyPlannerToMemory() {

@@ -50,6 +50,9 @@ public:
     void mnuEditTime_Click();
     void mnuEditDelete_Click();
     void mnuEditSearchAgain_Click();
+    // Selects the search phrase's next occurrence after the caret, box by box down the page
+    // (or its first, from the start); false when there is none or no search is active.
+    bool SelectOccurrence(bool fromStart);
     void mnuOptShowCursPos_Click();
     void mnuOptShowMainLabel_Click();
     void mnuToDoImport_Click();
