@@ -10,6 +10,11 @@ const QList<CommandInfo>& Commands() {
         {QStringLiteral("day"), QStringLiteral("day YYYY-MM-DD"),
          QStringLiteral("Print the date's mark and hover text, its note and its planner page."),
          Day},
+        {QStringLiteral("search"),
+         QStringLiteral("search PHRASE [--year YYYY | --all-years] [--notes | --planners]"),
+         QStringLiteral("Print the dates whose note or planner page holds the phrase (any letter "
+                        "case), one a line: YYYY-MM-DD, a tab, \"notes\" or \"planner\"."),
+         Search},
     };
     return commands;
 }

@@ -11,9 +11,11 @@ class QTextStream;
 // or changes a file.
 namespace cli {
 
-// Exit statuses: done; the data could be read only in part; the command line was wrong.
+// Exit statuses: done; the data could be read only in part (or, for a search, nothing was
+// found); the command line was wrong.
 constexpr int kExitOk = 0;
 constexpr int kExitDataError = 1;
+constexpr int kExitNothingFound = 1;
 constexpr int kExitUsage = 2;
 
 struct CommandInfo {
@@ -33,5 +35,11 @@ int RunCommand(const QStringList& command, const QString& dataFolder, QTextStrea
 // day YYYY-MM-DD: the date's mark and hover text, its note and its planner page.
 int Day(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
         QTextStream& err);
+
+// search PHRASE [--year YYYY | --all-years] [--notes | --planners]: the dates whose note or
+// planner page holds the phrase, whatever the letters' case, one a line ("2026-03-07<TAB>notes"),
+// in date order.
+int Search(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
+           QTextStream& err);
 
 }  // namespace cli
