@@ -39,6 +39,8 @@ std::variant<CommandLine, int> ParseCommandLine(const QStringList& arguments) {
         QStringLiteral("exit-when-shown"),
         QStringLiteral("Quit as soon as the main window has been drawn (start-up timing)."));
     parser.addOptions({help, version, dataDir, exitWhenShown});
+    // What follows the command is the command's own: "search dentist --year 2026".
+    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
     parser.addPositionalArgument(QStringLiteral("command"),
                                  QStringLiteral("A command (see above) and its arguments."),
                                  QStringLiteral("[command [arguments]]"));

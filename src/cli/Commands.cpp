@@ -12,6 +12,11 @@ const QList<CommandInfo>& Commands() {
          Day},
         {QStringLiteral("export"), QStringLiteral("export planner|notes YYYY-MM-DD FILE"),
          QStringLiteral("Write the date's planner page (.pln) or note (.nte) to FILE."), Export},
+        {QStringLiteral("search"),
+         QStringLiteral("search PHRASE [--year YYYY | --all-years] [--notes | --planners]"),
+         QStringLiteral("Print the dates whose note or planner page holds the phrase (any letter "
+                        "case), one a line: YYYY-MM-DD, a tab, \"notes\" or \"planner\"."),
+         Search},
     };
     return commands;
 }

@@ -11,9 +11,11 @@ class QTextStream;
 // or changes a file of the data folder; export writes only the file it is given.
 namespace cli {
 
-// Exit statuses: done; the data could be read only in part; the command line was wrong.
+// Exit statuses: done; the data could be read only in part (or, for a search, nothing was
+// found); the command line was wrong.
 constexpr int kExitOk = 0;
 constexpr int kExitDataError = 1;
+constexpr int kExitNothingFound = 1;
 constexpr int kExitUsage = 2;
 
 struct CommandInfo {
@@ -37,6 +39,12 @@ int Day(const QStringList& arguments, const QString& dataFolder, QTextStream& ou
 // export planner|notes YYYY-MM-DD FILE: the date's page or note as a planner or notes file,
 // exactly as the windows export it.
 int Export(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
+           QTextStream& err);
+
+// search PHRASE [--year YYYY | --all-years] [--notes | --planners]: the dates whose note or
+// planner page holds the phrase, whatever the letters' case, one a line ("2026-03-07<TAB>notes"),
+// in date order.
+int Search(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
            QTextStream& err);
 
 }  // namespace cli

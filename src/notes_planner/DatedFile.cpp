@@ -20,19 +20,10 @@ namespace {
 
 constexpr Field kDateKeyField{0, 8};
 constexpr Field kCellCodeField{9, 6};
-constexpr qsizetype kPayloadStart = 16;
+constexpr qsizetype kPayloadStart = kDatedPayloadStart;
 
-// The cell of a stored cell code: 13 when it is not six digits, 9 when it lies off the grid.
-CellIndex CellOfCode(QByteArrayView code) {
-    if (code.size() != kCellCodeField.width)
-        Raise(err::TypeMismatch);
-    for (const char c : code)
-        if (c < '0' || c > '9')
-            Raise(err::TypeMismatch);
-    const auto cell = CellIndex::FromCode(QString::fromLatin1(code));
-    if (!cell)
-        Raise(err::SubscriptOutOfRange);
-    return *cell;
+int TwoDigits(QByteArrayView code, qsizetype at) {
+    return (code[at] - '0') * 10 + (code[at + 1] - '0');
 }
 
 // Each line of a file's bytes with the line end that follows it, as read.
@@ -72,11 +63,26 @@ void DatedEntries::Clear() {
     exists.Fill(false);
 }
 
+int DatedLineFault(QByteArrayView line) {
+    const QByteArrayView code = kCellCodeField.Raw(line);
+    if (code.size() != kCellCodeField.width)
+        return err::TypeMismatch;
+    for (const char c : code)
+        if (c < '0' || c > '9')
+            return err::TypeMismatch;
+    if (TwoDigits(code, 0) >= kMonths || TwoDigits(code, 2) >= kWeekdays ||
+        TwoDigits(code, 4) >= kWeekRows)
+        return err::SubscriptOutOfRange;
+    return 0;
+}
+
 DatedLine ParseDatedLine(QByteArrayView line) {
+    if (const int fault = DatedLineFault(line))
+        Raise(fault);
     DatedLine parsed;
     parsed.dateKey = textfile::Decode(kDateKeyField.Raw(line));
     const QByteArrayView code = kCellCodeField.Raw(line);
-    parsed.cell = CellOfCode(code);
+    parsed.cell = {TwoDigits(code, 0), TwoDigits(code, 2), TwoDigits(code, 4)};
     parsed.cellCode = QString::fromLatin1(code);
     const QByteArrayView payload = line.sliced(std::min(kPayloadStart, line.size()));
     parsed.payload = QByteArray::fromRawData(payload.data(), payload.size());

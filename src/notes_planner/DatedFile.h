@@ -48,6 +48,10 @@ struct DatedLine {
 // too short for a payload has an empty one. The payload is a view into line, valid while line's
 // bytes are.
 DatedLine ParseDatedLine(QByteArrayView line);
+// The error ParseDatedLine raises for line (13 or 9), or 0 when the line is sound.
+int DatedLineFault(QByteArrayView line);
+// Where a line's payload starts.
+constexpr qsizetype kDatedPayloadStart = 16;
 // Throws VbError when the key or the code holds a character the file cannot hold.
 QByteArray FormatDatedLine(const QString& dateKey, const QString& cellCode, QByteArrayView payload);
 

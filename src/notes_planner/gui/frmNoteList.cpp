@@ -37,13 +37,11 @@ const PanelTexts& TextsOf(int panel) {
     static const PanelTexts notes{QStringLiteral("Notes Listed by Date Below"),
                                   QStringLiteral("Open Selected Note"),
                                   QStringLiteral("Delete Selected Notes"),
-                                  QStringLiteral("Delete All Notes in List"),
-                                  kNotesFile};
+                                  QStringLiteral("Delete All Notes in List"), kNotesFile};
     static const PanelTexts planners{QStringLiteral("Planners Listed by Date Below"),
                                      QStringLiteral("Open Selected Planner"),
                                      QStringLiteral("Delete Selected Planner"),
-                                     QStringLiteral("Delete All Planners in List"),
-                                     kPlannerFile};
+                                     QStringLiteral("Delete All Planners in List"), kPlannerFile};
     return panel == frmNoteList::kNotesPanel ? notes : planners;
 }
 

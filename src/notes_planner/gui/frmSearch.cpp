@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -152,6 +153,7 @@ void frmSearch::cmdSearch_Click() {
     pendingYears_ = DataFolderYears(services_.AppFolder);
     std::reverse(pendingYears_.begin(), pendingYears_.end());
     cmdSearch_->setEnabled(false);
+    searching_ = true;
     SearchNextYear();
 }
 
@@ -159,6 +161,7 @@ void frmSearch::SearchNextYear() {
     if (pendingYears_.isEmpty()) {
         lblProgress_->clear();
         cmdSearch_->setEnabled(true);
+        searching_ = false;
         ReportCount();
         return;
     }

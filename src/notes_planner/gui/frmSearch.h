@@ -31,7 +31,7 @@ public:
     void cmdSearch_Click();
     void cmdOpen_Click();
     // Whether a search of every year is still going through the years.
-    bool IsSearching() const { return !pendingYears_.isEmpty(); }
+    bool IsSearching() const { return searching_; }
 
     // The entry of the year list that searches every year of the data folder.
     static QString AllYearsEntry();
@@ -62,4 +62,5 @@ private:
     std::unique_ptr<PhraseMatcher> matcher_;
     SearchLocation searchedLocation_ = SearchLocation::Notes;
     QList<int> pendingYears_;
+    bool searching_ = false;
 };
