@@ -116,7 +116,7 @@ void frmPlanner::BuildFileMenu() {
     AddCommand(
         file, QStringLiteral("Export this Planner to Share Folder"),
         QStringLiteral("mnuFileExport"), "mnuFileExport_Click", [this] { SaveExternalPlanner(); },
-        QKeySequence(Qt::CTRL | Qt::Key_E));
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
     AddCommand(file, QStringLiteral("Export this Planner and Assign to..."),
                QStringLiteral("mnuFileExportPlannerAndAssign"),
                "mnuFileExportPlannerAndAssign_Click",

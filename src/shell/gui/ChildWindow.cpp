@@ -74,7 +74,8 @@ QSize ChildWindow::sizeHint() const {
     // As large as the controls want, with room for a vertical scroll bar should the frame cut
     // the height, so that the width never has to scroll as well.
     const QSize menu = menuBar_ ? QSize(0, menuBar_->sizeHint().height()) : QSize();
-    return body_->sizeHint() + menu + QSize(style()->pixelMetric(QStyle::PM_ScrollBarExtent), 0);
+    return body_->sizeHint().expandedTo(body_->minimumSize()) + menu +
+           QSize(style()->pixelMetric(QStyle::PM_ScrollBarExtent), 0);
 }
 
 void ChildWindow::closeEvent(QCloseEvent* event) {

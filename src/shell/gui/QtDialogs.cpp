@@ -73,13 +73,16 @@ QString Shown(const QString& text) {
 // every key that belongs to it (Ctrl+P, Ctrl+S, Esc) does nothing until it is clicked.
 class ReturnFocusAfter {
 public:
-    ReturnFocusAfter()
-        : window_(QApplication::activeWindow()), control_(QApplication::focusWidget()) {}
+    // parent: the window the box belongs to, which gets the keyboard back even when the box
+    // opened straight after another one, before the window was active again.
+    explicit ReturnFocusAfter(QWidget* parent)
+        : window_(parent ? parent->window() : QApplication::activeWindow()),
+          control_(QApplication::focusWidget()) {}
     ~ReturnFocusAfter() {
         if (!window_)
             return;
         window_->activateWindow();
-        if (control_)
+        if (control_ && control_->window() == window_)
             control_->setFocus(Qt::ActiveWindowFocusReason);
     }
     ReturnFocusAfter(const ReturnFocusAfter&) = delete;
@@ -96,14 +99,14 @@ int QtDialogs::MsgBox(const QString& text, int style, const QString& title) {
     QMessageBox box(IconFor(style), title.isEmpty() ? kProgramName : title, Shown(text),
                     ButtonsFor(style), parent_);
     box.setTextFormat(Qt::PlainText);
-    const ReturnFocusAfter returnFocus;
+    const ReturnFocusAfter returnFocus(parent_);
     return AnswerFor(box.exec());
 }
 
 QString QtDialogs::InputBox(const QString& prompt, const QString& title,
                             const QString& defaultText) {
     bool ok = false;
-    const ReturnFocusAfter returnFocus;
+    const ReturnFocusAfter returnFocus(parent_);
     const QString answer =
         QInputDialog::getText(parent_, title.isEmpty() ? kProgramName : title, Shown(prompt),
                               QLineEdit::Normal, defaultText, &ok);
@@ -112,18 +115,18 @@ QString QtDialogs::InputBox(const QString& prompt, const QString& title,
 
 QString QtDialogs::OpenFileName(const QString& caption, const QString& folder,
                                 const QString& filter) {
-    const ReturnFocusAfter returnFocus;
+    const ReturnFocusAfter returnFocus(parent_);
     return QFileDialog::getOpenFileName(parent_, caption, folder, filter);
 }
 
 QString QtDialogs::SaveFileName(const QString& caption, const QString& folder,
                                 const QString& filter) {
-    const ReturnFocusAfter returnFocus;
+    const ReturnFocusAfter returnFocus(parent_);
     return QFileDialog::getSaveFileName(parent_, caption, folder, filter);
 }
 
 std::optional<quint32> QtDialogs::PickColor(quint32 initial, const QString& title) {
-    const ReturnFocusAfter returnFocus;
+    const ReturnFocusAfter returnFocus(parent_);
     const QColor chosen = QColorDialog::getColor(ToQColor(initial), parent_, title);
     if (!chosen.isValid())
         return std::nullopt;
