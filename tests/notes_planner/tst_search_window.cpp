@@ -86,13 +86,6 @@ private slots:
         f.Search("M\u00fcller", "2026", kPhraseNotFoundMessage);
         f.env.dialogs.ExpectMsgBox(kNothingSelectedMessage, vb::OKOnly, "");
         f.search->Control<QPushButton>("cmdOpen")->click();
-        // A note deleted after it was found.
-        f.search->Control<QRadioButton>("optLocation_1")->setChecked(true);
-        f.Search("Lunch", "2026", "Search Phrase appears on 1 date");
-        f.env.write("2026/Notes.dat", "");
-        f.env.state->notes.ReadThisYearsNotes();
-        f.env.dialogs.ExpectMsgBox(kNoteNotFoundMessage, vb::OKOnly, "");
-        f.search->Control<QPushButton>("cmdOpen")->click();
         VERIFY_DIALOGS(f.env.dialogs);
     }
 };

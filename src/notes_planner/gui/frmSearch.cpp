@@ -65,14 +65,13 @@ QWidget* frmSearch::BuildTimePeriodFrame() {
     cmdSearch_->setObjectName(QStringLiteral("cmdSearch"));
     cmdSearch_->setDefault(true);
     auto* grid = new QGridLayout(frame);
-    grid->addWidget(Caption(QStringLiteral("Select &Year"), cmbYear_), 0, 0);
+    grid->addWidget(Caption(QStringLiteral("Select Year"), cmbYear_), 0, 0);
     grid->addWidget(cmbYear_, 1, 0);
-    grid->addWidget(Caption(QStringLiteral("Select &Month"), cmbMonth_), 0, 1);
+    grid->addWidget(Caption(QStringLiteral("Select Month"), cmbMonth_), 0, 1);
     grid->addWidget(cmbMonth_, 1, 1);
-    grid->addWidget(Caption(QStringLiteral("Search &Phrase"), cmbPhrase_), 2, 0, 1, 2);
+    grid->addWidget(Caption(QStringLiteral("Search Phrase"), cmbPhrase_), 2, 0, 1, 2);
     grid->addWidget(cmbPhrase_, 3, 0, 1, 2);
-    const QString captions[] = {QStringLiteral("Search P&lanners"),
-                                QStringLiteral("Search &Notes")};
+    const QString captions[] = {QStringLiteral("Search Planners"), QStringLiteral("Search Notes")};
     optLocation_ = MakeControlArray<QRadioButton>(QStringLiteral("optLocation"), 2, [&](int i) {
         auto* option = new QRadioButton(captions[i]);
         On(option, &QRadioButton::toggled, "optLocation_Click", [this] { optLocation_Click(); });
