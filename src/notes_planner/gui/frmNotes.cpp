@@ -60,7 +60,8 @@ void frmNotes::BuildMenus() {
         [this] { mnuFilePrint_Click(); }, QKeySequence::Print);
     AddCommand(
         file, QStringLiteral("Export these Notes"), QStringLiteral("mnuFileExport"),
-        "mnuFileExport_Click", [this] { SaveExternalNotes(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
+        "mnuFileExport_Click", [this] { SaveExternalNotes(); },
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
     AddCommand(file, QStringLiteral("Export these Notes and Assign to..."),
                QStringLiteral("mnuFileExportNotesAndAssign"), "mnuFileExportNotesAndAssign_Click",
                [this] { mnuFileExportNotesAndAssign_Click(); });
