@@ -26,6 +26,7 @@
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
+#include "notes_planner/ExternalFileMessages.h"
 #include "notes_planner/UnsavedWork.h"
 #include "notes_planner/modNotes.h"
 #include "notes_planner/modPlanner.h"
@@ -123,6 +124,21 @@ void DeleteNotes(Folder& folder, int content) {
     NotesStore(folder.services, folder.dates).DeleteNotes(2026, dates);
 }
 
+// A page opened from its file, saved back to it.
+void SaveExternalPlanner(Folder& folder, int content) {
+    const QString path = folder.services.PathOf(QStringLiteral("Planners And Notes/Page.pln"));
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    PlannerPage page;
+    page.slotTexts[content] = QStringLiteral("Exported %1").arg(content);
+    folder.dialogs.ExpectMsgBox(
+        SavedAsMessage(QStringLiteral("Page.pln"),
+                       QDir::toNativeSeparators(QFileInfo(path).absolutePath())),
+        vb::OKOnly, {});
+    folder.services.Trap("SaveExternalPlanner", [&] {
+        SaveExternalFileTo(folder.services, path, ExternalPlannerBytes(kToday, page));
+    });
+}
+
 // Every store that writes a file. The procedure is the one whose report a failed save shows.
 void SaveUnsavedWork(Folder& folder, int content) {
     UnsavedWork work(folder.services);
@@ -146,6 +162,7 @@ const Store kStores[] = {
     {"SaveThisYearsPlannerFile", "2026/Planner.dat", {}, SavePlanner},
     {"KeepUnsavedWork", kTempRecordFile, {}, SaveUnsavedWork},
     {"DeleteNotes", "2026/Notes.dat", {}, DeleteNotes},
+    {"SaveExternalPlanner", "Planners And Notes/Page.pln", {}, SaveExternalPlanner},
 };
 
 const QByteArray kMissing = "<missing>";
