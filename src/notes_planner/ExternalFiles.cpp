@@ -86,6 +86,17 @@ QString WithExtension(const QString& name, ExternalKind kind) {
     return name.endsWith(extension, Qt::CaseInsensitive) ? name : name + extension;
 }
 
+// Reads the file at path with parse; a file refused is said so, naming what is wrong.
+template <class Parse>
+auto ReadExternalFile(Services& services, ExternalKind kind, const QString& path, int nearYear,
+                      Parse parse) {
+    QString problem;
+    auto read = parse(textfile::ReadBytes(path), nearYear, &problem);
+    if (!read)
+        services.dialogs.MsgBox(DamagedFileMessage(kind, path, problem), kWarningStyle);
+    return read;
+}
+
 }  // namespace
 
 QString ExternalExtension(ExternalKind kind) {
@@ -169,22 +180,12 @@ QString PickExternalFile(Services& services, const QString& caption) {
 
 std::optional<ExternalPage> ReadExternalPlannerFile(Services& services, const QString& path,
                                                     int nearYear) {
-    QString problem;
-    auto page = ParseExternalPlanner(textfile::ReadBytes(path), nearYear, &problem);
-    if (!page)
-        services.dialogs.MsgBox(DamagedFileMessage(ExternalKind::Planner, path, problem),
-                                kWarningStyle);
-    return page;
+    return ReadExternalFile(services, ExternalKind::Planner, path, nearYear, ParseExternalPlanner);
 }
 
 std::optional<ExternalNote> ReadExternalNotesFile(Services& services, const QString& path,
                                                   int nearYear) {
-    QString problem;
-    auto note = ParseExternalNotes(textfile::ReadBytes(path), nearYear, &problem);
-    if (!note)
-        services.dialogs.MsgBox(DamagedFileMessage(ExternalKind::Notes, path, problem),
-                                kWarningStyle);
-    return note;
+    return ReadExternalFile(services, ExternalKind::Notes, path, nearYear, ParseExternalNotes);
 }
 
 QString ExternalNotesCaption(const QDate& date) {

@@ -115,6 +115,10 @@ private slots:
         ExportFixture f;
         frmPlanner& planner = f.OpenPlanner();
         TypeInto(planner.page().Box(0), "Dentist");
+        f.env.dialogs.ExpectInputBox(kExportPrompt, kExportTitle, "", "")
+            .ExpectMsgBox(kNoNameMessage, vb::OKOnly, "");
+        planner.Control<QAction>("mnuFileExport")->trigger();
+        QVERIFY(!f.env.exists("Planners And Notes"));
         f.ExpectExport("Plan");
         planner.Control<QAction>("mnuFileExport")->trigger();
         const QByteArray exported = f.env.read("Planners And Notes/Plan.pln");
@@ -162,6 +166,7 @@ private slots:
         ExportFixture f;
         f.env.write("Mine.nte", "03/07/26:first\r\nsecond");
         f.env.write("Page.pln", Planner());
+        f.env.write("Short.pln", "03/07/26:");
         f.menu("mnuOptDateOpenNotes")->trigger();
         frmNotes& notes = *f.window.notesPlanner->notesWindow();
         f.env.dialogs.ExpectOpenFile(f.env.path("Mine.nte"));
@@ -170,6 +175,14 @@ private slots:
         QCOMPARE(notes.Control<QPlainTextEdit>("txtNotes")->toPlainText(), "first\nsecond");
         f.env.dialogs.ExpectOpenFile(f.env.path("Page.pln"));
         notes.Control<QAction>("mnuFileImport")->trigger();
+        QCOMPARE(f.window.notesPlanner->plannerWindow()->page().Box(0)->text(), "Dentist");
+        // A damaged file is refused with what is wrong, and the page shown stays.
+        f.env.dialogs.ExpectOpenFile(f.env.path("Short.pln"))
+            .ExpectMsgBox(
+                "The file Short.pln could not be opened as a planner file: a planner "
+                "file holds exactly 4,109 bytes. Nothing was opened.",
+                kWarningStyle, "");
+        f.window.notesPlanner->plannerWindow()->mnuFileImport_Click();
         QCOMPARE(f.window.notesPlanner->plannerWindow()->page().Box(0)->text(), "Dentist");
         VERIFY_DIALOGS(f.env.dialogs);
     }
