@@ -36,3 +36,21 @@ QString FormatHashes(double value, int decimals) {
         text += u'.' + digits.right(decimals);
     return (value < 0 && scaled > 0 ? QStringLiteral("-") : QString()) + text;
 }
+
+QString FormatThousands(double value, int decimals) {
+    QString text = FormatHashes(value, decimals);
+    const bool negative = text.startsWith(u'-');
+    if (negative)
+        text.remove(0, 1);
+    qsizetype point = decimals > 0 ? text.indexOf(u'.') : text.size();
+    if (point == 0) {
+        text.prepend(u'0');
+        point = 1;
+    } else if (text.isEmpty()) {
+        text = QStringLiteral("0");
+        point = 1;
+    }
+    for (qsizetype at = point - 3; at > 0; at -= 3)
+        text.insert(at, u',');
+    return negative ? u'-' + text : text;
+}

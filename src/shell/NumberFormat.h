@@ -12,3 +12,7 @@ double Val(QStringView text);
 // "##########" none): no leading zeros, so zero's whole part is empty (".00", and "" without
 // decimals); the last place rounded half away from zero.
 QString FormatHashes(double value, int decimals);
+
+// value with its whole part in groups of three ("#,###,##0.00" for decimals 2, "#,###,##0"
+// for none): 1234.5 is "1,234.50", zero is "0.00"; the last place rounded half away from zero.
+QString FormatThousands(double value, int decimals);

@@ -30,6 +30,8 @@ inline const QString FutPosition = QStringLiteral("FUT Position:");
 inline const QString NetworkShareDrive = QStringLiteral("Network Share Drive:");
 // The main window's place and size: left,top,width,height,maximized (-1 or 0).
 inline const QString MainWindowPosition = QStringLiteral("Main Window Position:");
+// What a mile is paid in the mileage report, a number such as 0.70; empty when nothing is paid.
+inline const QString MileageRate = QStringLiteral("Mileage Rate:");
 
 // Every key the program knows, in the order a new file lists them.
 const QStringList& All();

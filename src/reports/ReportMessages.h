@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+// What the report period windows and the two reports say.
+
+inline const QString kSelectMonthCaption = QStringLiteral("Monthly Selection");
+inline const QString kSelectStartEndCaption = QStringLiteral("Start and End Date Selection");
+inline const QString kExpensesCaption = QStringLiteral("Orvanta: Expense Report");
+inline const QString kMileageCaption = QStringLiteral("Orvanta: Mileage Report");
+
+inline const QString kAllMonths = QStringLiteral("All Months");
+inline const QString kBothYearsMessage =
+    QStringLiteral("Both Years in the start and end date must be the same.");
+inline const QString kInvalidDateMessage =
+    QStringLiteral("An invalid date has been entered. Please adjust.");
+
+inline const QString kEndOfReportMessage = QStringLiteral("End of Report");
+inline const QString kBeginningOfReportMessage = QStringLiteral("Beginning of Report");
+inline const QString kDataCopiedMessage = QStringLiteral("Data Copied.");
+// A press on another row while an edit is open; the expense report's wording lacks a letter.
+inline const QString kExpenseEditOpenMessage =
+    QStringLiteral("Please fill in the text area before ontinuing.");
+inline const QString kMileageEditOpenMessage =
+    QStringLiteral("Please finish editing the text area already open.");
+inline const QString kEnterZeroMessage =
+    QStringLiteral("You must at least enter a zero in the text area provided.");
+inline const QString kBadRateMessage = QStringLiteral(
+    "The mileage rate must be a number of at least zero, such as 0.70; the rate was not "
+    "changed.");

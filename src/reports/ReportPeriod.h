@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+// The days a report covers: from start to end, both included, within one calendar year.
+struct ReportPeriod {
+    QDate start;
+    QDate end;
+
+    bool Contains(const QDate& date) const { return date >= start && date <= end; }
+};
+
+// A month of year (month 0: every month, January 1 to December 31). The last day is the 30th
+// for September, April, June and November; February's is the 29th exactly when "February 29, "
+// and the year make a date, else the 28th; every other month's is the 31st.
+ReportPeriod MonthPeriod(int month, int year);
+
+// The period between two typed dates, or why it is refused: a text that is not a date, or two
+// dates of different years. A start after the end is not refused; its report has no rows.
+struct PeriodCheck {
+    ReportPeriod period;
+    // The refusal's message; empty when the period is good.
+    QString refusal;
+};
+PeriodCheck CheckStartEnd(const QString& startText, const QString& endText, int nearYear);
+
+// A side of the start/end window: the date made of a month name, a day and a year as
+// "month day, year", shown as "mmm dd, yyyy"; the text as it was made when it is not a date
+// ("February 31, 2026"), so that the report refuses it.
+QString StartEndText(const QString& monthName, const QString& day, const QString& year);
