@@ -28,3 +28,7 @@ inline const QString kEnterZeroMessage =
 inline const QString kBadRateMessage = QStringLiteral(
     "The mileage rate must be a number of at least zero, such as 0.70; the rate was not "
     "changed.");
+
+inline QString CsvSavedMessage(const QString& path) {
+    return QStringLiteral("The report was saved as %1.").arg(path);
+}

@@ -4,6 +4,7 @@
 #include "calendar/gui/CalendarMenus.h"
 #include "help/gui/HelpMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
+#include "reports/gui/ReportMenus.h"
 #include "shell/gui/ShellMenus.h"
 
 MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
@@ -28,6 +29,7 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
                                       {},
                                       {}};
     auto* notesPlanner = new NotesPlannerMenus(context, *calendar);
+    new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
     new ShellMenus(frame, state.services, state.prefs);
     window.help = help;
     window.calendar = calendar;

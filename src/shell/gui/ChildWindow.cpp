@@ -70,10 +70,18 @@ QAction* ChildWindow::AddCommand(QMenu* menu, const QString& caption, const QStr
     return action;
 }
 
+void ChildWindow::OnEnter(const char* handlerName, std::function<void()> handler) {
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* shortcut = new QShortcut(QKeySequence(key), this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        On(shortcut, &QShortcut::activated, handlerName, handler);
+    }
+}
+
 QSize ChildWindow::sizeHint() const {
     // As large as the controls want, with room for a vertical scroll bar should the frame cut
     // the height, so that the width never has to scroll as well.
-    const QSize menu = menuBar_ ? QSize(0, menuBar_->sizeHint().height()) : QSize();
+    const QSize menu(0, menuBar_ ? menuBar_->sizeHint().height() : 0);
     return body_->sizeHint().expandedTo(body_->minimumSize()) + menu +
            QSize(style()->pixelMetric(QStyle::PM_ScrollBarExtent), 0);
 }

@@ -50,6 +50,10 @@ protected:
                         const char* handlerName, std::function<void()> handler,
                         const QKeySequence& keys = {});
 
+    // Enter (either key) runs handler wherever the focus is in the window, as a dialog's
+    // default button does; an open list's Enter still picks its item.
+    void OnEnter(const char* handlerName, std::function<void()> handler);
+
     // Runs body whenever sender emits signal, in the trap under the handler's name.
     template <class Sender, class Signal, class Handler>
     void On(Sender* sender, Signal signal, const char* handlerName, Handler body) {
