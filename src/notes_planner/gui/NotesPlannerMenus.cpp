@@ -7,6 +7,7 @@
 
 #include "calendar/DateModel.h"
 #include "calendar/gui/CalendarMenus.h"
+#include "notes_planner/ExternalFiles.h"
 #include "notes_planner/gui/NotesPlannerMessages.h"
 #include "notes_planner/gui/UnsavedTracker.h"
 #include "notes_planner/gui/frmNoteList.h"
@@ -84,6 +85,18 @@ void NotesPlannerMenus::ConnectOpeners() {
     const auto openPlanner = [this] { OpenOn(dates_.SelectedDate, true); };
     Handle(frame_.MenuItem(QStringLiteral("mnuOptDateOpenNotes")), this, openNotes);
     Handle(frame_.MenuItem(QStringLiteral("mnuEditFind")), this, [this] { OpenSearch(); });
+    // A file picked from the main window opens in the window of its kind.
+    const auto openExternal = [this](const QString& caption) {
+        const QString path = PickExternalFile(context_.services, caption);
+        if (path.endsWith(ExternalExtension(ExternalKind::Planner), Qt::CaseInsensitive))
+            OpenExternalPlanner(path);
+        else if (!path.isEmpty())
+            OpenExternalNotes(path);
+    };
+    Handle(frame_.MenuItem(QStringLiteral("mnuFileOpenNotes")), this,
+           [openExternal] { openExternal(QStringLiteral("Open External Notes")); });
+    Handle(frame_.MenuItem(QStringLiteral("mnuFileOpenPlanner")), this,
+           [openExternal] { openExternal(QStringLiteral("Open External Planner")); });
     Handle(frame_.MenuItem(QStringLiteral("mnuOptDateOpenPlanner")), this, openPlanner);
     auto* notesButton = frame_.Control<QToolButton>(ArrayName(QStringLiteral("imgOpt"), 1));
     auto* plannerButton = frame_.Control<QToolButton>(ArrayName(QStringLiteral("imgOpt"), 2));
