@@ -415,8 +415,14 @@ void ReportWindow::CommitEdit() {
 }
 
 void ReportWindow::CloseEditor() {
-    if (editColumn_ >= 0)
+    if (editColumn_ >= 0) {
+        // The keyboard stays on the row's label, which is in view, so the page does not
+        // scroll away from it.
+        const qsizetype line = editRow_ - report_.PageBegin(page_);
+        if (line >= 0 && line < kRowsPerPage)
+            labels_[editColumn_][line]->setFocus();
         editors_[editColumn_]->hide();
+    }
     editColumn_ = -1;
     editRow_ = -1;
 }
