@@ -1,6 +1,7 @@
 #include "reports/ReportText.h"
 
 #include <QStringList>
+#include <algorithm>
 
 #include "shell/NumberFormat.h"
 
@@ -71,32 +72,33 @@ QString CsvText(const Report& report) {
 }
 
 QString PlainText(const Report& report) {
-    const bool expenses = report.kind == ReportKind::Expenses;
-    // Widths: the date, then each field; figures are aligned right.
-    const QList<int> widths = expenses ? QList<int>{10, 50, 12} : QList<int>{10, 40, 10, 10, 8};
-    const auto line = [&](const QString& date, const QStringList& fields, const QString& paid) {
-        QString text = date.leftJustified(widths[0] + 2);
-        for (qsizetype i = 0; i < fields.size(); ++i) {
-            const bool words = i == 0;
-            const int width = widths[i + 1];
-            text += words ? fields[i].leftJustified(width + 2) : fields[i].rightJustified(width);
-            if (!words)
-                text += QStringLiteral("  ");
-        }
-        if (report.Pays())
-            text += paid.rightJustified(13);
-        while (text.endsWith(u' '))
-            text.chop(1);
-        return text + u'\n';
-    };
-    const QStringList headings = ColumnHeadings(report.kind);
-    QString text = report.Heading() + QStringLiteral("\n\n");
-    text += line(headings[0], headings.mid(1), QStringLiteral("Reimbursement"));
+    // The cells: the headings, then each row's date, fields and (with a rate) what it pays.
+    QList<QStringList> table{QStringList{ColumnHeadings(report.kind)}};
+    if (report.Pays())
+        table.first().append(QStringLiteral("Reimbursement"));
     for (const ReportRow& row : report.rows) {
-        const bool paysRow = !row.fields[reportcol::Total].isEmpty();
-        text +=
-            line(RowDateText(row.date), row.fields,
-                 expenses || !paysRow ? QString() : FormatThousands(report.Reimbursement(row), 2));
+        table.append(QStringList{RowDateText(row.date)} + row.fields);
+        if (report.Pays())
+            table.last().append(row.fields[reportcol::Total].isEmpty()
+                                    ? QString()
+                                    : FormatThousands(report.Reimbursement(row), 2));
+    }
+    // Each column as wide as its widest cell, two blanks apart; the date and the description
+    // or destination aligned left, the figures right.
+    QList<qsizetype> widths(table.first().size(), 0);
+    for (const QStringList& cells : table)
+        for (qsizetype c = 0; c < cells.size(); ++c)
+            widths[c] = std::max(widths[c], cells[c].size());
+    QString text = report.Heading() + QStringLiteral("\n\n");
+    for (const QStringList& cells : table) {
+        QString line;
+        for (qsizetype c = 0; c < cells.size(); ++c)
+            line +=
+                (c < 2 ? cells[c].leftJustified(widths[c]) : cells[c].rightJustified(widths[c])) +
+                QStringLiteral("  ");
+        while (line.endsWith(u' '))
+            line.chop(1);
+        text += line + u'\n';
     }
     const qsizetype count = report.rows.size();
     text += QStringLiteral("\n") + QString::number(count) +
