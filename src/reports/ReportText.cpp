@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <tuple>
 
 #include "shell/NumberFormat.h"
 
@@ -9,18 +10,44 @@ namespace {
 
 const QString kCsvLineEnd = QStringLiteral("\r\n");
 
-QString CsvField(const QString& text) {
-    static const QString special = QStringLiteral(",\"\r\n");
-    if (std::none_of(text.begin(), text.end(), [](QChar c) { return special.contains(c); }))
-        return text;
-    return u'"' + QString(text).replace(u'"', QStringLiteral("\"\"")) + u'"';
+// Appends a field, in quotes (its quotes doubled) when it holds a comma, a quote or a line
+// break, and the comma or line end after it.
+void AppendCsvField(QString& csv, QStringView field, bool last) {
+    const bool quoted = std::any_of(field.begin(), field.end(), [](QChar c) {
+        return c == u',' || c == u'"' || c == u'\r' || c == u'\n';
+    });
+    if (!quoted) {
+        csv += field;
+    } else {
+        csv += u'"';
+        for (const QChar c : field) {
+            if (c == u'"')
+                csv += u'"';
+            csv += c;
+        }
+        csv += u'"';
+    }
+    if (last)
+        csv += kCsvLineEnd;
+    else
+        csv += u',';
 }
 
-QString CsvLine(const QStringList& fields) {
-    QStringList quoted;
-    for (const QString& field : fields)
-        quoted.append(CsvField(field));
-    return quoted.join(u',') + kCsvLineEnd;
+void AppendCsvLine(QString& csv, const QStringList& fields) {
+    for (qsizetype i = 0; i < fields.size(); ++i)
+        AppendCsvField(csv, fields[i], i + 1 == fields.size());
+}
+
+// YYYY-MM-DD, written digit by digit: a year's rows are dated in the time a few are formatted.
+void AppendIsoDate(QString& csv, const QDate& date) {
+    int year = 0, month = 0, day = 0;
+    date.getDate(&year, &month, &day);
+    char16_t digits[10] = {u'0', u'0', u'0', u'0', u'-', u'0', u'0', u'-', u'0', u'0'};
+    for (const auto& [at, value, width] :
+         {std::tuple{0, year, 4}, std::tuple{5, month, 2}, std::tuple{8, day, 2}})
+        for (int i = width - 1, rest = value; i >= 0; --i, rest /= 10)
+            digits[at + i] = char16_t(u'0' + rest % 10);
+    csv += QStringView(digits, 10);
 }
 
 // A figure as a plain number: amounts with two decimals, everything else as the number is.
@@ -55,20 +82,26 @@ QString CsvText(const Report& report) {
     QStringList headings = ColumnHeadings(report.kind);
     if (report.Pays())
         headings.append(QStringLiteral("Reimbursement"));
-    QString text = CsvLine(headings);
+    QString csv;
+    csv.reserve(64 * (report.rows.size() + 1));
+    AppendCsvLine(csv, headings);
     const bool expenses = report.kind == ReportKind::Expenses;
     for (const ReportRow& row : report.rows) {
-        QStringList fields{row.date.toString(Qt::ISODate)};
-        for (qsizetype i = 0; i < row.fields.size(); ++i)
+        AppendIsoDate(csv, row.date);
+        csv += u',';
+        for (qsizetype i = 0; i < row.fields.size(); ++i) {
             // The description or destination first, then the figures.
-            fields.append(i == 0 ? row.fields[i] : CsvFigure(row.fields[i], expenses));
+            const bool last = i + 1 == row.fields.size() && !report.Pays();
+            AppendCsvField(csv, i == 0 ? row.fields[i] : CsvFigure(row.fields[i], expenses), last);
+        }
         if (report.Pays())
-            fields.append(row.fields[reportcol::Total].isEmpty()
-                              ? QString()
-                              : PlainNumber(report.Reimbursement(row), 2));
-        text += CsvLine(fields);
+            AppendCsvField(csv,
+                           row.fields[reportcol::Total].isEmpty()
+                               ? QString()
+                               : PlainNumber(report.Reimbursement(row), 2),
+                           true);
     }
-    return text;
+    return csv;
 }
 
 QString PlainText(const Report& report) {
