@@ -60,8 +60,10 @@ QString CsvFigure(const QString& text, bool amount) {
 }  // namespace
 
 QString PlainNumber(double value, int decimals) {
+    // Rounded as the totals are, half away from zero, so that a row's figure in the CSV is the
+    // one the report shows; without the thousands' commas.
     if (decimals >= 0)
-        return QString::number(value, 'f', decimals);
+        return FormatThousands(value, decimals).remove(u',');
     QString text = QString::number(value, 'f', 6);
     while (text.endsWith(u'0'))
         text.chop(1);

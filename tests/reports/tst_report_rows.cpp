@@ -131,26 +131,43 @@ private slots:
         QCOMPARE(report.FormatTotal(report.Sum(0, report.rows.size())), total);
     }
 
+    // A figure in a total, and the same figure in the CSV: rounded alike, half a cent away
+    // from zero, so that a CSV row pays what the report's text says it pays.
     void formatThousands_data() {
         QTest::addColumn<double>("value");
         QTest::addColumn<int>("decimals");
         QTest::addColumn<QString>("text");
-        QTest::newRow("zero amount") << 0.0 << 2 << "0.00";
-        QTest::newRow("zero miles") << 0.0 << 0 << "0";
-        QTest::newRow("below one") << 0.5 << 2 << "0.50";
-        QTest::newRow("hundreds") << 999.0 << 0 << "999";
-        QTest::newRow("thousands") << 1234.5 << 2 << "1,234.50";
-        QTest::newRow("millions") << 1234567.0 << 0 << "1,234,567";
-        QTest::newRow("rounded into a new group") << 999.995 << 2 << "1,000.00";
-        QTest::newRow("negative") << -1234.5 << 2 << "-1,234.50";
-        QTest::newRow("negative miles") << -1234567.0 << 0 << "-1,234,567";
-        QTest::newRow("negative rounded to zero") << -0.004 << 2 << "0.00";
+        QTest::addColumn<QString>("plain");
+        QTest::newRow("zero amount") << 0.0 << 2 << "0.00"
+                                     << "0.00";
+        QTest::newRow("zero miles") << 0.0 << 0 << "0"
+                                    << "0";
+        QTest::newRow("below one") << 0.5 << 2 << "0.50"
+                                   << "0.50";
+        QTest::newRow("hundreds") << 999.0 << 0 << "999"
+                                  << "999";
+        QTest::newRow("thousands") << 1234.5 << 2 << "1,234.50"
+                                   << "1234.50";
+        QTest::newRow("millions") << 1234567.0 << 0 << "1,234,567"
+                                  << "1234567";
+        QTest::newRow("rounded into a new group") << 999.995 << 2 << "1,000.00"
+                                                  << "1000.00";
+        QTest::newRow("half a cent") << 1.005 << 2 << "1.01"
+                                     << "1.01";
+        QTest::newRow("negative") << -1234.5 << 2 << "-1,234.50"
+                                  << "-1234.50";
+        QTest::newRow("negative miles") << -1234567.0 << 0 << "-1,234,567"
+                                        << "-1234567";
+        QTest::newRow("negative rounded to zero") << -0.004 << 2 << "0.00"
+                                                  << "0.00";
     }
     void formatThousands() {
         QFETCH(double, value);
         QFETCH(int, decimals);
         QFETCH(QString, text);
+        QFETCH(QString, plain);
         QCOMPARE(FormatThousands(value, decimals), text);
+        QCOMPARE(PlainNumber(value, decimals), plain);
     }
 
     void copyTextHasTheMarkedRows_data() {
