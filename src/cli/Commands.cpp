@@ -12,6 +12,11 @@ const QList<CommandInfo>& Commands() {
          Day},
         {QStringLiteral("export"), QStringLiteral("export planner|notes YYYY-MM-DD FILE"),
          QStringLiteral("Write the date's planner page (.pln) or note (.nte) to FILE."), Export},
+        {QStringLiteral("report"),
+         QStringLiteral("report expenses|mileage --from YYYY-MM-DD --to YYYY-MM-DD [--csv]"),
+         QStringLiteral("Print the expense or mileage report of the period (both dates "
+                        "included, within one year); with --csv as CSV for a spreadsheet."),
+         PrintReport},
         {QStringLiteral("search"),
          QStringLiteral("search PHRASE [--year YYYY | --all-years] [--notes | --planners]"),
          QStringLiteral("Print the dates whose note or planner page holds the phrase (any letter "

@@ -41,6 +41,11 @@ int Day(const QStringList& arguments, const QString& dataFolder, QTextStream& ou
 int Export(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
            QTextStream& err);
 
+// report expenses|mileage --from YYYY-MM-DD --to YYYY-MM-DD [--csv]: the expense or mileage
+// report of the period (both dates included, one year) as text, or with --csv as CSV.
+int PrintReport(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
+                QTextStream& err);
+
 // search PHRASE [--year YYYY | --all-years] [--notes | --planners]: the dates whose note or
 // planner page holds the phrase, whatever the letters' case, one a line ("2026-03-07<TAB>notes"),
 // in date order.

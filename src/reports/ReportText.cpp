@@ -1,6 +1,8 @@
 #include "reports/ReportText.h"
 
 #include <QStringList>
+#include <algorithm>
+#include <tuple>
 
 #include "shell/NumberFormat.h"
 
@@ -8,18 +10,44 @@ namespace {
 
 const QString kCsvLineEnd = QStringLiteral("\r\n");
 
-QString CsvField(const QString& text) {
-    static const QString special = QStringLiteral(",\"\r\n");
-    if (std::none_of(text.begin(), text.end(), [](QChar c) { return special.contains(c); }))
-        return text;
-    return u'"' + QString(text).replace(u'"', QStringLiteral("\"\"")) + u'"';
+// Appends a field, in quotes (its quotes doubled) when it holds a comma, a quote or a line
+// break, and the comma or line end after it.
+void AppendCsvField(QString& csv, QStringView field, bool last) {
+    const bool quoted = std::any_of(field.begin(), field.end(), [](QChar c) {
+        return c == u',' || c == u'"' || c == u'\r' || c == u'\n';
+    });
+    if (!quoted) {
+        csv += field;
+    } else {
+        csv += u'"';
+        for (const QChar c : field) {
+            if (c == u'"')
+                csv += u'"';
+            csv += c;
+        }
+        csv += u'"';
+    }
+    if (last)
+        csv += kCsvLineEnd;
+    else
+        csv += u',';
 }
 
-QString CsvLine(const QStringList& fields) {
-    QStringList quoted;
-    for (const QString& field : fields)
-        quoted.append(CsvField(field));
-    return quoted.join(u',') + kCsvLineEnd;
+void AppendCsvLine(QString& csv, const QStringList& fields) {
+    for (qsizetype i = 0; i < fields.size(); ++i)
+        AppendCsvField(csv, fields[i], i + 1 == fields.size());
+}
+
+// YYYY-MM-DD, written digit by digit: a year's rows are dated in the time a few are formatted.
+void AppendIsoDate(QString& csv, const QDate& date) {
+    int year = 0, month = 0, day = 0;
+    date.getDate(&year, &month, &day);
+    char16_t digits[10] = {u'0', u'0', u'0', u'0', u'-', u'0', u'0', u'-', u'0', u'0'};
+    for (const auto& [at, value, width] :
+         {std::tuple{0, year, 4}, std::tuple{5, month, 2}, std::tuple{8, day, 2}})
+        for (int i = width - 1, rest = value; i >= 0; --i, rest /= 10)
+            digits[at + i] = char16_t(u'0' + rest % 10);
+    csv += QStringView(digits, 10);
 }
 
 // A figure as a plain number: amounts with two decimals, everything else as the number is.
@@ -32,8 +60,10 @@ QString CsvFigure(const QString& text, bool amount) {
 }  // namespace
 
 QString PlainNumber(double value, int decimals) {
+    // Rounded as the totals are, half away from zero, so that a row's figure in the CSV is the
+    // one the report shows; without the thousands' commas.
     if (decimals >= 0)
-        return QString::number(value, 'f', decimals);
+        return FormatThousands(value, decimals).remove(u',');
     QString text = QString::number(value, 'f', 6);
     while (text.endsWith(u'0'))
         text.chop(1);
@@ -54,49 +84,56 @@ QString CsvText(const Report& report) {
     QStringList headings = ColumnHeadings(report.kind);
     if (report.Pays())
         headings.append(QStringLiteral("Reimbursement"));
-    QString text = CsvLine(headings);
+    QString csv;
+    csv.reserve(64 * (report.rows.size() + 1));
+    AppendCsvLine(csv, headings);
     const bool expenses = report.kind == ReportKind::Expenses;
     for (const ReportRow& row : report.rows) {
-        QStringList fields{row.date.toString(Qt::ISODate)};
-        for (qsizetype i = 0; i < row.fields.size(); ++i)
+        AppendIsoDate(csv, row.date);
+        csv += u',';
+        for (qsizetype i = 0; i < row.fields.size(); ++i) {
             // The description or destination first, then the figures.
-            fields.append(i == 0 ? row.fields[i] : CsvFigure(row.fields[i], expenses));
+            const bool last = i + 1 == row.fields.size() && !report.Pays();
+            AppendCsvField(csv, i == 0 ? row.fields[i] : CsvFigure(row.fields[i], expenses), last);
+        }
         if (report.Pays())
-            fields.append(row.fields[reportcol::Total].isEmpty()
-                              ? QString()
-                              : PlainNumber(report.Reimbursement(row), 2));
-        text += CsvLine(fields);
+            AppendCsvField(csv,
+                           row.fields[reportcol::Total].isEmpty()
+                               ? QString()
+                               : PlainNumber(report.Reimbursement(row), 2),
+                           true);
     }
-    return text;
+    return csv;
 }
 
 QString PlainText(const Report& report) {
-    const bool expenses = report.kind == ReportKind::Expenses;
-    // Widths: the date, then each field; figures are aligned right.
-    const QList<int> widths = expenses ? QList<int>{10, 50, 12} : QList<int>{10, 40, 10, 10, 8};
-    const auto line = [&](const QString& date, const QStringList& fields, const QString& paid) {
-        QString text = date.leftJustified(widths[0] + 2);
-        for (qsizetype i = 0; i < fields.size(); ++i) {
-            const bool words = i == 0;
-            const int width = widths[i + 1];
-            text += words ? fields[i].leftJustified(width + 2) : fields[i].rightJustified(width);
-            if (!words)
-                text += QStringLiteral("  ");
-        }
-        if (report.Pays())
-            text += paid.rightJustified(13);
-        while (text.endsWith(u' '))
-            text.chop(1);
-        return text + u'\n';
-    };
-    const QStringList headings = ColumnHeadings(report.kind);
-    QString text = report.Heading() + QStringLiteral("\n\n");
-    text += line(headings[0], headings.mid(1), QStringLiteral("Reimbursement"));
+    // The cells: the headings, then each row's date, fields and (with a rate) what it pays.
+    QList<QStringList> table{QStringList{ColumnHeadings(report.kind)}};
+    if (report.Pays())
+        table.first().append(QStringLiteral("Reimbursement"));
     for (const ReportRow& row : report.rows) {
-        const bool paysRow = !row.fields[reportcol::Total].isEmpty();
-        text +=
-            line(RowDateText(row.date), row.fields,
-                 expenses || !paysRow ? QString() : FormatThousands(report.Reimbursement(row), 2));
+        table.append(QStringList{RowDateText(row.date)} + row.fields);
+        if (report.Pays())
+            table.last().append(row.fields[reportcol::Total].isEmpty()
+                                    ? QString()
+                                    : FormatThousands(report.Reimbursement(row), 2));
+    }
+    // Each column as wide as its widest cell, two blanks apart; the date and the description
+    // or destination aligned left, the figures right.
+    QList<qsizetype> widths(table.first().size(), 0);
+    for (const QStringList& cells : table)
+        for (qsizetype c = 0; c < cells.size(); ++c)
+            widths[c] = std::max(widths[c], cells[c].size());
+    QString text = report.Heading() + QStringLiteral("\n\n");
+    for (const QStringList& cells : table) {
+        QString line;
+        for (qsizetype c = 0; c < cells.size(); ++c)
+            line +=
+                (c < 2 ? cells[c].leftJustified(widths[c]) : cells[c].rightJustified(widths[c])) +
+                QStringLiteral("  ");
+        while (line.endsWith(u' '))
+            line.chop(1);
+        text += line + u'\n';
     }
     const qsizetype count = report.rows.size();
     text += QStringLiteral("\n") + QString::number(count) +

@@ -20,5 +20,6 @@ QString CsvText(const Report& report);
 // columns, and the period's total (and what it pays, with a rate).
 QString PlainText(const Report& report);
 
-// A figure as CSV writes it: decimals places, or as few as the number needs (-1).
+// A figure as CSV writes it: decimals places (rounded as the totals are), or as few as the
+// number needs (-1).
 QString PlainNumber(double value, int decimals);

@@ -1,0 +1,203 @@
+// The report's rules apart from the planner file: the days of a month period and the refused
+// start and end dates, the pages of forty rows and their totals, the total's format, and the
+// copied text.
+#include <QTest>
+
+#include "TestEnv.h"
+#include "reports/ReportMessages.h"
+#include "reports/ReportText.h"
+#include "shell/NumberFormat.h"
+
+namespace {
+
+// A report whose rows carry only the totalled figure (amount or miles) given.
+Report WithTotals(ReportKind kind, const QStringList& totals) {
+    Report report;
+    report.kind = kind;
+    for (const QString& total : totals) {
+        ReportRow row{QDate(2026, 9, 7), {}};
+        for (int i = 0; i <= TotalledField(kind); ++i)
+            row.fields << (i == TotalledField(kind) ? total : QString());
+        report.rows << row;
+    }
+    return report;
+}
+
+}  // namespace
+
+class ReportRowsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void monthPeriod_data() {
+        QTest::addColumn<int>("month");
+        QTest::addColumn<int>("year");
+        QTest::addColumn<QDate>("start");
+        QTest::addColumn<QDate>("end");
+        QTest::newRow("all months") << 0 << 2026 << QDate(2026, 1, 1) << QDate(2026, 12, 31);
+        const int lastDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+        for (int month = 1; month <= 12; ++month)
+            QTest::addRow("2026-%02d", month) << month << 2026 << QDate(2026, month, 1)
+                                              << QDate(2026, month, lastDays[month - 1]);
+        for (const int year : {2024, 2000, 1900, 2100})
+            QTest::addRow("February %d", year)
+                << 2 << year << QDate(year, 2, 1) << QDate(year, 3, 1).addDays(-1);
+    }
+    void monthPeriod() {
+        QFETCH(int, month);
+        QFETCH(int, year);
+        QFETCH(QDate, start);
+        QFETCH(QDate, end);
+        const ReportPeriod period = MonthPeriod(month, year);
+        QCOMPARE(period.start, start);
+        QCOMPARE(period.end, end);
+    }
+
+    void checkStartEnd_data() {
+        QTest::addColumn<QString>("startText");
+        QTest::addColumn<QString>("endText");
+        QTest::addColumn<QString>("refusal");
+        QTest::addColumn<QDate>("start");
+        QTest::addColumn<QDate>("end");
+        QTest::newRow("one year") << "Jan 05, 2026"
+                                  << "Dec 31, 2026"
+                                  << "" << QDate(2026, 1, 5) << QDate(2026, 12, 31);
+        QTest::newRow("start after the end") << "Mar 01, 2026"
+                                             << "Feb 01, 2026"
+                                             << "" << QDate(2026, 3, 1) << QDate(2026, 2, 1);
+        QTest::newRow("two years") << "Dec 31, 2025"
+                                   << "Jan 01, 2026" << kBothYearsMessage << QDate() << QDate();
+        QTest::newRow("no such day")
+            << "Jan 01, 2026"
+            << "February 30, 2026" << kInvalidDateMessage << QDate() << QDate();
+        QTest::newRow("blank") << ""
+                               << "Jan 01, 2026" << kInvalidDateMessage << QDate() << QDate();
+        QTest::newRow("not a date and another year")
+            << "Feb 30, 2025"
+            << "Mar 01, 2026" << kInvalidDateMessage << QDate() << QDate();
+    }
+    void checkStartEnd() {
+        QFETCH(QString, startText);
+        QFETCH(QString, endText);
+        QFETCH(QString, refusal);
+        QFETCH(QDate, start);
+        QFETCH(QDate, end);
+        const PeriodCheck check = CheckStartEnd(startText, endText, 2026);
+        QCOMPARE(check.refusal, refusal);
+        QCOMPARE(check.period.start, start);
+        QCOMPARE(check.period.end, end);
+    }
+
+    // Every row is worth 1, so a page's total is the number of its rows.
+    void pages_data() {
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<int>("pages");
+        QTest::addColumn<QString>("lastPageTotal");
+        QTest::newRow("none") << 0 << 0 << "";
+        QTest::newRow("one") << 1 << 1 << "1.00";
+        QTest::newRow("a full page") << 40 << 1 << "40.00";
+        QTest::newRow("one over") << 41 << 2 << "1.00";
+        QTest::newRow("two full pages") << 80 << 2 << "40.00";
+        QTest::newRow("three pages") << 81 << 3 << "1.00";
+    }
+    void pages() {
+        QFETCH(int, rows);
+        QFETCH(int, pages);
+        QFETCH(QString, lastPageTotal);
+        const Report report = WithTotals(ReportKind::Expenses, QStringList(rows, "1"));
+        QCOMPARE(report.Pages(), pages);
+        if (pages > 0) {
+            QCOMPARE(report.FormatTotal(report.Sum(report.PageBegin(pages), report.PageEnd(pages))),
+                     lastPageTotal);
+            QCOMPARE(PageLabel(pages, pages), QString("Page %1 of %1").arg(pages));
+        }
+    }
+
+    void sumSkipsEmptyFigures_data() {
+        QTest::addColumn<bool>("mileage");
+        QTest::addColumn<QStringList>("figures");
+        QTest::addColumn<QString>("total");
+        QTest::newRow("amounts") << false << QStringList{"12.50", "", " 7.5", "1000"} << "1,020.00";
+        QTest::newRow("no amount") << false << QStringList{"", ""} << "0.00";
+        QTest::newRow("miles") << true << QStringList{"42", "", "1000000"} << "1,000,042";
+        QTest::newRow("no miles") << true << QStringList{""} << "0";
+    }
+    void sumSkipsEmptyFigures() {
+        QFETCH(bool, mileage);
+        QFETCH(QStringList, figures);
+        QFETCH(QString, total);
+        const Report report =
+            WithTotals(mileage ? ReportKind::Mileage : ReportKind::Expenses, figures);
+        QCOMPARE(report.FormatTotal(report.Sum(0, report.rows.size())), total);
+    }
+
+    // A figure in a total, and the same figure in the CSV: rounded alike, half a cent away
+    // from zero, so that a CSV row pays what the report's text says it pays.
+    void formatThousands_data() {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<int>("decimals");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("plain");
+        QTest::newRow("zero amount") << 0.0 << 2 << "0.00"
+                                     << "0.00";
+        QTest::newRow("zero miles") << 0.0 << 0 << "0"
+                                    << "0";
+        QTest::newRow("below one") << 0.5 << 2 << "0.50"
+                                   << "0.50";
+        QTest::newRow("hundreds") << 999.0 << 0 << "999"
+                                  << "999";
+        QTest::newRow("thousands") << 1234.5 << 2 << "1,234.50"
+                                   << "1234.50";
+        QTest::newRow("millions") << 1234567.0 << 0 << "1,234,567"
+                                  << "1234567";
+        QTest::newRow("rounded into a new group") << 999.995 << 2 << "1,000.00"
+                                                  << "1000.00";
+        QTest::newRow("half a cent") << 1.005 << 2 << "1.01"
+                                     << "1.01";
+        QTest::newRow("negative") << -1234.5 << 2 << "-1,234.50"
+                                  << "-1234.50";
+        QTest::newRow("negative miles") << -1234567.0 << 0 << "-1,234,567"
+                                        << "-1234567";
+        QTest::newRow("negative rounded to zero") << -0.004 << 2 << "0.00"
+                                                  << "0.00";
+    }
+    void formatThousands() {
+        QFETCH(double, value);
+        QFETCH(int, decimals);
+        QFETCH(QString, text);
+        QFETCH(QString, plain);
+        QCOMPARE(FormatThousands(value, decimals), text);
+        QCOMPARE(PlainNumber(value, decimals), plain);
+    }
+
+    void copyTextHasTheMarkedRows_data() {
+        QTest::addColumn<bool>("mileage");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("expenses") << false
+                                  << "Date\tDescription\tAmount\r\n"
+                                     "9/7/2026\tLunch\t12.50\r\n"
+                                     "10/1/2026\t\t3.00\r\n";
+        QTest::newRow("mileage") << true
+                                 << "Date\tDestination\tStart\tEnd\tTotal\r\n"
+                                    "9/7/2026\tLunch\t12.50\t\t\r\n"
+                                    "10/1/2026\t\t3.00\t4\t1\r\n";
+    }
+    void copyTextHasTheMarkedRows() {
+        QFETCH(bool, mileage);
+        QFETCH(QString, text);
+        Report report;
+        report.kind = mileage ? ReportKind::Mileage : ReportKind::Expenses;
+        const auto fields = [&](QStringList expense, const QStringList& more) {
+            return mileage ? expense + more : expense;
+        };
+        report.rows = {{QDate(2026, 9, 7), fields({"Lunch", "12.50"}, {"", ""}), true},
+                       {QDate(2026, 9, 8), fields({"Taxi", "7"}, {"", ""}), false},
+                       {QDate(2026, 10, 1), fields({"", "3.00"}, {"4", "1"}), true}};
+        QCOMPARE(CopyText(report), text);
+        report.rows.clear();
+        QCOMPARE(CopyText(report), text.left(text.indexOf("\r\n") + 2));
+    }
+};
+
+ORVANTA_TEST_MAIN(ReportRowsTest)
+#include "tst_report_rows.moc"
