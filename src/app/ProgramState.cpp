@@ -6,9 +6,13 @@ ProgramState::ProgramState(const QString& dataFolder, Dialogs& dialogs, Clock& c
       marks(services, dates, markerColors),
       notes(services, dates),
       planner(services, dates),
+      holidays(services, dates),
+      birthdays(services, dates),
       unsaved(services) {
     // Every store with a table per year reads both years again when the year on show changes.
     dates.AddYearStore(&marks);
     dates.AddYearStore(&notes);
     dates.AddYearStore(&planner);
+    dates.AddYearStore(&holidays);
+    dates.AddYearStore(&birthdays);
 }

@@ -4,6 +4,8 @@
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
 #include "help/modHelp.h"
+#include "holidays_birthdays/modBirthdays.h"
+#include "holidays_birthdays/modHolidays.h"
 #include "notes_planner/SearchState.h"
 #include "notes_planner/UnsavedWork.h"
 #include "notes_planner/modNotes.h"
@@ -27,6 +29,8 @@ struct ProgramState {
     DateMarks marks;
     NotesStore notes;
     PlannerStore planner;
+    HolidayStore holidays;
+    BirthdayStore birthdays;
     SearchState search;
     UnsavedWork unsaved;
 };
