@@ -27,3 +27,15 @@ inline QString PartlyReadRefusal(const QString& file) {
                "window again.")
         .arg(file);
 }
+
+inline QString IcsUnreadableMessage(const QString& path) {
+    return QStringLiteral("The file %1 could not be read.").arg(path);
+}
+inline QString IcsNothingInYearMessage(int year) {
+    return QStringLiteral("The file holds no all-day event in %1; nothing was added.").arg(year);
+}
+inline QString IcsImportedMessage(qsizetype count, int year) {
+    return count == 1
+               ? QStringLiteral("1 holiday was added to the %1 list.").arg(year)
+               : QStringLiteral("%1 holidays were added to the %2 list.").arg(count).arg(year);
+}

@@ -273,6 +273,29 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
     PaintIndicators(painter, cell, look);
     if (Large())
         PaintCaptions(painter, inner, inner.top() + QFontMetrics(dayFont).height() + 2, look);
+    else if (!look.captions.isEmpty())
+        PaintSmallCaption(painter, cell, QFontMetrics(dayFont).height(), look.captions.first(), ink);
+}
+
+// A small sheet names a holiday or birthday under the day number when the cell has room for
+// a line of tiny print, and otherwise underlines the day; the tooltip names them all.
+void CalendarView::PaintSmallCaption(QPainter& painter, const QRect& cell, int numberHeight,
+                                     const QString& caption, const QColor& ink) const {
+    QFont tiny = font();
+    tiny.setPointSizeF(std::max(6.0, font().pointSizeF() * 0.6));
+    const QFontMetrics metrics(tiny);
+    const int free = (cell.height() - numberHeight) / 2;
+    if (free >= metrics.height()) {
+        painter.setFont(tiny);
+        painter.setPen(ink);
+        const QRect line(cell.left() + 1, cell.bottom() - metrics.height(), cell.width() - 2,
+                         metrics.height());
+        painter.drawText(line, Qt::AlignCenter,
+                         metrics.elidedText(caption, Qt::ElideRight, line.width()));
+        return;
+    }
+    painter.fillRect(QRect(cell.left() + 3, cell.bottom() - 2, cell.width() - 6, 2),
+                     QColor(176, 0, 32));
 }
 
 void CalendarView::PaintCaptions(QPainter& painter, const QRect& inner, int top,
