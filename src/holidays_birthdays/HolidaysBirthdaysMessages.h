@@ -44,12 +44,3 @@ inline QString BirthYearMessage(int thisYear) {
 inline QString RemoveBirthdayQuestion(const QString& name) {
     return QStringLiteral("Remove the birthday of %1?").arg(name);
 }
-
-// A list read only in part is not saved over: the lines after the faulty one would be lost.
-inline QString PartlyReadRefusal(const QString& file) {
-    return QStringLiteral(
-               "%1 could not be read to its end (see Error.log), so it is not saved: the lines "
-               "after the faulty one would be lost. Correct or move the file, then open this "
-               "window again.")
-        .arg(file);
-}

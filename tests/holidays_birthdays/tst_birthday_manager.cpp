@@ -10,6 +10,7 @@
 
 #include "MainWindowFixture.h"
 #include "holidays_birthdays/gui/frmBirthdays.h"
+#include "shell/ShellMessages.h"
 
 namespace {
 
@@ -20,11 +21,13 @@ const QByteArray kAdam = "11/02:-1:adam Bell:****\r\n";
 const QByteArray kList = kZoe + kMary + kAdam;
 const QString kUpdated = "Birthdays Updated.";
 
-// The program on a data folder holding kList, with the birthdays read and the manager open.
+// The program on a data folder holding list, with the birthdays read and the manager open.
 struct Manager {
-    Manager() {
-        f.env.write("Birthdays.dat", kList);
+    explicit Manager(const QByteArray& list = kList, bool faultyPeriod = false) {
+        f.env.write("Birthdays.dat", list);
         f.Start();
+        if (faultyPeriod)
+            f.env.expectProgramError("ReadBirthdays", 13, "Type mismatch");
         state.birthdays.ReadBirthdays();
         context.reset(new HolidaysBirthdaysContext{f.frame(), state.services, state.dates,
                                                    state.holidays, state.birthdays, f.calendar()});
@@ -159,6 +162,18 @@ private slots:
         VERIFY_DIALOGS(m.f.env.dialogs);
         QCOMPARE(m.file(), kList);
         QCOMPARE(m.window->focusWidget()->objectName(), field);
+    }
+
+    void listReadOnlyInPartIsNotSavedOverAndTheEntryStays() {
+        const QByteArray list = kZoe + "03/15:x7:Mary Smith:1960\r\n" + kAdam;
+        Manager m(list, true);
+        QCOMPARE(m.control<QListWidget>("lstBirthdays")->count(), 1);
+        m.f.env.dialogs.ExpectMsgBox(PartlyReadFileMessage("Birthdays.dat"), kWarningStyle, "");
+        m.Fill("Bob Ray", 9, 10, 1, "1985");
+        m.control<QPushButton>("cmdSave")->click();
+        VERIFY_DIALOGS(m.f.env.dialogs);
+        QCOMPARE(m.file(), list);
+        QCOMPARE(m.control<QLineEdit>("txtName")->text(), QString("Bob Ray"));
     }
 
     // Through the name, month, day, alert and age box to the birth year, which saves (the
