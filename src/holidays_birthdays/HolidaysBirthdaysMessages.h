@@ -18,14 +18,31 @@ inline const QString kBirthdaysArePending = QStringLiteral(" Birthdays are Pendi
 inline const QString kBirthdaysUpdatedMessage = QStringLiteral("Birthdays Updated.");
 
 inline const QString kBirthdayManagerCaption = QStringLiteral("Birthday Manager");
+inline const QString kNewBirthdayTitle = QStringLiteral("New Birthday");
+inline const QString kChangeBirthdayTitle = QStringLiteral("Change the Selected Birthday");
+inline const QString kBornThisYearText = QStringLiteral("born this year");
+inline QString TurnsAgeText(int age) {
+    return QStringLiteral("turns %1 this year").arg(age);
+}
 
-// A list read only in part is not saved over: the lines after the faulty one would be lost.
-inline QString PartlyReadRefusal(const QString& file) {
+inline const QString kEnterBirthdayNameMessage = QStringLiteral("Please enter the person's name.");
+inline const QString kBirthdayNameColonMessage = QStringLiteral(
+    "A name cannot contain \":\": the birthday list uses it to separate the parts of a line.");
+inline const QString kChooseBirthdayMessage =
+    QStringLiteral("Please choose the month and the day of the birthday.");
+inline const QString kFebruary29Message =
+    QStringLiteral("February 29 is not kept as a birthday: please choose February 28 or March 1.");
+inline QString DayNotInMonthMessage(const QString& month, int day) {
+    return QStringLiteral("%1 has no day %2.").arg(month).arg(day);
+}
+inline QString BirthYearMessage(int thisYear) {
     return QStringLiteral(
-               "%1 could not be read to its end (see Error.log), so it is not saved: the lines "
-               "after the faulty one would be lost. Correct or move the file, then open this "
-               "window again.")
-        .arg(file);
+               "Please enter the birth year with four digits, no later than %1, or check "
+               "\"Don't remember the age\".")
+        .arg(thisYear);
+}
+inline QString RemoveBirthdayQuestion(const QString& name) {
+    return QStringLiteral("Remove the birthday of %1?").arg(name);
 }
 
 inline QString IcsUnreadableMessage(const QString& path) {

@@ -65,16 +65,15 @@ void BirthdayStore::ReadBirthdays() {
     lines.clear();
     records.clear();
     pending.clear();
-    partlyRead_ = false;
-    services_.Trap("ReadBirthdays", [&] {
+    // A read that stops, at a faulty line or before the first one, keeps the file from being
+    // saved over.
+    partlyRead_ = !services_.Trap("ReadBirthdays", [&] {
         QString path;
         if (!FileExists(services_.AppFolder, kBirthdaysFile, &path))
             return;
         lines = textfile::ReadLines(path);
-        partlyRead_ = true;
         for (const QString& line : lines)
             records.append(ParseBirthdayLine(line));
-        partlyRead_ = false;
     });
     const QDate today = services_.clock.today();
     for (const BirthdayRecord& record : records)
@@ -85,10 +84,8 @@ void BirthdayStore::ReadBirthdays() {
 }
 
 bool BirthdayStore::SaveBirthdays(const QStringList& newLines, bool showMessage) {
-    if (partlyRead_) {
-        services_.dialogs.MsgBox(PartlyReadRefusal(kBirthdaysFile), kWarningStyle);
+    if (services_.RefuseSaveAfterPartialRead(partlyRead_, kBirthdaysFile))
         return false;
-    }
     QStringList kept;
     for (const QString& line : newLines)
         if (!line.isEmpty())

@@ -15,6 +15,8 @@ inline const QString kBirthdaysFile = QStringLiteral("Birthdays.dat");
 
 // The alert periods a person may have: never, on the day, or 1, 3, 5, 7 or 10 days ahead.
 constexpr int kNoBirthdayAlert = -1;
+// The birth year of a person whose age is not kept.
+inline const QString kBirthYearNotKept = QStringLiteral("****");
 
 // A line of "Birthdays.dat": "mm/dd:pp:name:yyyy". The birthday is characters 1-5, the alert
 // period characters 7-8 ("-1", "00" ... "10"), the name runs from character 10 up to the first
