@@ -11,6 +11,7 @@
 #include "MainWindowFixture.h"
 #include "holidays_birthdays/HolidaysBirthdaysMessages.h"
 #include "holidays_birthdays/IcsHolidays.h"
+#include "shell/ShellMessages.h"
 #include "holidays_birthdays/gui/frmHolidays.h"
 #include "holidays_birthdays/modHolidays.h"
 
@@ -113,7 +114,7 @@ private slots:
         f.env.expectProgramError("LoadHolidayList", 5, "Invalid procedure call or argument");
         Manager m(f);
         QCOMPARE(m.window->Control<QListWidget>("lstHolidays")->count(), 1);
-        f.env.dialogs.ExpectMsgBox(PartlyReadRefusal(HolidayFileName(2026)), kWarningStyle, "");
+        f.env.dialogs.ExpectMsgBox(PartlyReadFileMessage(HolidayFileName(2026)), kWarningStyle, "");
         m.Save("Jul 4", "Fourth");
         VERIFY_DIALOGS(f.env.dialogs);
         QCOMPARE(f.env.read(kFile), "01/01/26:New Year\r\nbad\r\n12/25/26:Christmas\r\n");

@@ -7,6 +7,7 @@
 #include "holidays_birthdays/HolidaysBirthdaysMessages.h"
 #include "holidays_birthdays/modBirthdays.h"
 #include "holidays_birthdays/modHolidays.h"
+#include "shell/ShellMessages.h"
 #include "shell/VbError.h"
 
 class HolidaysBirthdaysFilesTest : public QObject {
@@ -118,7 +119,7 @@ private slots:
         env.expectProgramError("ReadBirthdays", err::TypeMismatch,
                                VbError::StandardDescription(err::TypeMismatch));
         birthdays.ReadBirthdays();
-        env.dialogs.ExpectMsgBox(PartlyReadRefusal(kBirthdaysFile), kWarningStyle, "");
+        env.dialogs.ExpectMsgBox(PartlyReadFileMessage(kBirthdaysFile), kWarningStyle, "");
         QVERIFY(!birthdays.SaveBirthdays({"09/08:01:Ann:1990"}, true));
         VERIFY_DIALOGS(env.dialogs);
         QCOMPARE(env.read("Birthdays.dat"), "09/08:01:Ann:1990\r\n09/09:xx:Bob:****\r\n");

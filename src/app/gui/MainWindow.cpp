@@ -3,6 +3,7 @@
 #include "app/ProgramState.h"
 #include "calendar/gui/CalendarMenus.h"
 #include "help/gui/HelpMenus.h"
+#include "holidays_birthdays/gui/HolidaysBirthdaysMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
 #include "reports/gui/ReportMenus.h"
 #include "shell/gui/ShellMenus.h"
@@ -29,6 +30,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
                                       {},
                                       {}};
     auto* notesPlanner = new NotesPlannerMenus(context, *calendar);
+    auto* holidaysBirthdays = new HolidaysBirthdaysMenus(
+        {frame, state.services, state.dates, state.holidays, state.birthdays, *calendar});
     new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
     new ShellMenus(frame, state.services, state.prefs);
     window.help = help;
@@ -37,9 +40,9 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
 
     // What the program reads at start-up, in this order: the help topics, the preferences,
     // the working date from today, the marker colours, both years' date holders and the
-    // per-year stores, then the year's calendar and the month's tasks; last, typing a session
-    // ended without saving is offered back.
-    frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner] {
+    // per-year stores, the birthdays, then the year's calendar and the month's tasks; last,
+    // typing a session ended without saving is offered back.
+    frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner, holidaysBirthdays] {
         help->LoadHelpTopics();
         state.prefs.GetUserPreferences(state.services);
         state.dates.SelectedDate = state.services.clock.today();
@@ -48,6 +51,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
         state.dates.AssignThisYearsDateHolders();
         state.dates.AssignNextYearsDateholders();
         state.dates.ReadYearStores();
+        state.birthdays.ReadBirthdays();
+        holidaysBirthdays->ShowHoliday();
         calendar->Show1YearCalendar();
         frame.ShowSelectedDate(state.dates.SelectedDate);
         notesPlanner->Refresh();

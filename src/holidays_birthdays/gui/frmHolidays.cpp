@@ -257,10 +257,8 @@ void frmHolidays::mnuFileSave_Click() {
 }
 
 bool frmHolidays::SaveHolidayFile(const QStringList& lines) {
-    if (partlyRead_) {
-        services_.dialogs.MsgBox(PartlyReadRefusal(HolidayFileName(selectedYear_)), kWarningStyle);
+    if (services_.RefuseSaveAfterPartialRead(partlyRead_, HolidayFileName(selectedYear_)))
         return false;
-    }
     if (const auto character = textfile::FirstUnstorableCharacter(lines.join(QString()))) {
         services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*character), kWarningStyle);
         return false;
