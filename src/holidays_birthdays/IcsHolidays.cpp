@@ -186,8 +186,11 @@ IcsImport HolidaysFromIcs(const QByteArray& bytes, int year) {
         result.problem = kBinary;
         return result;
     }
+    // A copy of its own ends in a NUL, which an array made by QByteArray::fromRawData (a view on
+    // bytes the caller owns) and what trimmed() returns of it need not.
+    const QByteArray terminated(text.constData(), text.size());
     const std::unique_ptr<icalcomponent, FreeComponent> root(
-        icalparser_parse_string(text.constData()));
+        icalparser_parse_string(terminated.constData()));
     const QList<icalcomponent*> calendars = root ? Calendars(root.get()) : QList<icalcomponent*>();
     if (calendars.isEmpty()) {
         result.problem = kIncomplete;
