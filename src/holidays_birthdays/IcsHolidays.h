@@ -5,7 +5,7 @@
 #include <QList>
 #include <QString>
 
-// The holidays of one year read out of an iCalendar file (RFC 5545), such as the public-holiday
+// The holidays of one year read out of an iCalendar file (.ics), such as the public-holiday
 // calendars that governments and calendar services publish.
 
 // One holiday found in an iCalendar file.
