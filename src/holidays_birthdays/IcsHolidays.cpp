@@ -22,10 +22,9 @@ const QString kIncomplete = QStringLiteral(
 // The longest piece of a broken line quoted back to the user.
 constexpr int kQuoteLength = 120;
 
-// A rule is stepped through at most this often. A daily rule takes 366 steps through a year
-// and a rule without COUNT is taken up at the year's first day, so only a rule repeating more
-// often than daily on a date, or a counted one begun long before the year, gets near it. It
-// keeps such a rule, and any rule libical steps through wrongly, from holding up the import.
+// A rule is stepped through at most this often. A rule without COUNT is taken up at the year's
+// first day and so takes at most 366 steps; only a counted rule begun long before the year gets
+// near this, and is cut off there rather than hold up the import.
 constexpr int kMaxSteps = 10000;
 
 struct FreeComponent {
@@ -114,12 +113,26 @@ QString Uid(icalcomponent* event) {
 }
 
 // The dates of the year a recurrence rule gives, counted from start.
-void AddRuleDates(const icalrecurrencetype& rule, const icaltimetype& start, int year,
+void AddRuleDates(icalrecurrencetype rule, const icaltimetype& start, int year,
                   std::set<QDate>& dates) {
+    // A rule repeating more often than daily means nothing for a date, and libical would step
+    // through it second by second in search of one: only the event's own date counts then.
+    if (rule.freq != ICAL_DAILY_RECURRENCE && rule.freq != ICAL_WEEKLY_RECURRENCE &&
+        rule.freq != ICAL_MONTHLY_RECURRENCE && rule.freq != ICAL_YEARLY_RECURRENCE)
+        return;
+    // The rule ends with the year at the latest, so that libical gives up looking for the next
+    // date there, not in the year 2582, when the rule's dates are rare or never come (every 31
+    // February). It changes no date of the year, nor what COUNT counts.
+    icaltimetype yearEnd = start;
+    yearEnd.year = year;
+    yearEnd.month = 12;
+    yearEnd.day = 31;
+    if (icaltime_is_null_time(rule.until) || icaltime_compare(rule.until, yearEnd) > 0)
+        rule.until = yearEnd;
     const std::unique_ptr<icalrecur_iterator, FreeIterator> iterator(
         icalrecur_iterator_new(rule, start));
     if (!iterator)
-        return;  // a rule libical cannot follow, such as every 30 February
+        return;  // a rule libical cannot follow, such as yearly on 30 February
     const QDate first(year, 1, 1);
     const QDate last(year, 12, 31);
     // Without COUNT the rule can be taken up at the year's first day rather than stepped
@@ -186,8 +199,11 @@ IcsImport HolidaysFromIcs(const QByteArray& bytes, int year) {
         result.problem = kBinary;
         return result;
     }
+    // A copy of its own ends in a NUL, which an array made by QByteArray::fromRawData (a view on
+    // bytes the caller owns) and what trimmed() returns of it need not.
+    const QByteArray terminated(text.constData(), text.size());
     const std::unique_ptr<icalcomponent, FreeComponent> root(
-        icalparser_parse_string(text.constData()));
+        icalparser_parse_string(terminated.constData()));
     const QList<icalcomponent*> calendars = root ? Calendars(root.get()) : QList<icalcomponent*>();
     if (calendars.isEmpty()) {
         result.problem = kIncomplete;

@@ -5,7 +5,7 @@
 #include <QList>
 #include <QString>
 
-// The holidays of one year read out of an iCalendar file (RFC 5545), such as the public-holiday
+// The holidays of one year read out of an iCalendar file (.ics), such as the public-holiday
 // calendars that governments and calendar services publish.
 
 // One holiday found in an iCalendar file.
@@ -25,8 +25,9 @@ struct IcsImport {
 // that date and on every date of the year its RRULE and RDATEs give, less its EXDATEs and the
 // dates that another VEVENT of the same UID overrides (RECURRENCE-ID); the override itself
 // counts on its own DTSTART. Each comes with its SUMMARY, trimmed, line breaks made blanks.
-// Timed events, cancelled ones and those without a summary are left out. An event spanning
-// several days counts on its first day only.
+// Timed events, cancelled ones and those without a summary are left out, and so are the dates
+// of a rule repeating more often than daily. An event spanning several days counts on its first
+// day only.
 //
 // Refused, with a problem and no holidays: bytes that do not begin with BEGIN:VCALENDAR (after
 // a byte-order mark and blank lines), bytes holding a NUL, a calendar without its END, and
