@@ -19,14 +19,14 @@ const QByteArray kAdam = "11/02:-1:adam Bell:****\r\n";
 const QByteArray kList = kZoe + kMary + kAdam;
 const QString kUpdated = "Birthdays Updated.";
 
-// The program on a data folder holding list, with the birthdays read and the manager open.
+// The program started on a data folder holding list, with the manager open.
 struct Manager {
     explicit Manager(const QByteArray& list = kList, bool faultyPeriod = false) {
         f.env.write("Birthdays.dat", list);
-        f.Start();
+        // The birthdays are read at start-up.
         if (faultyPeriod)
             f.env.expectProgramError("ReadBirthdays", 13, "Type mismatch");
-        state.birthdays.ReadBirthdays();
+        f.Start();
         context.reset(new HolidaysBirthdaysContext{f.frame(), state.services, state.dates,
                                                    state.holidays, state.birthdays, f.calendar()});
         window = qobject_cast<frmBirthdays*>(f.frame().ShowChild(
