@@ -268,34 +268,47 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
     painter.setFont(dayFont);
     painter.setPen(ink);
     const QRect inner = cell.adjusted(5, 3, -5, -3);
-    painter.drawText(inner, Large() ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignCenter,
+    const int numberHeight = QFontMetrics(dayFont).height();
+    const bool named = !Large() && !look.captions.isEmpty();
+    const bool room = named && cell.height() >= numberHeight + QFontMetrics(TinyFont()).height();
+    const Qt::Alignment numberAlignment = Large() ? Qt::AlignLeft | Qt::AlignTop
+                                          : room  ? Qt::AlignHCenter | Qt::AlignTop
+                                                  : Qt::AlignCenter;
+    painter.drawText(room ? cell.adjusted(0, 1, 0, 0) : inner, numberAlignment,
                      QString::number(date.day()));
     PaintIndicators(painter, cell, look);
-    if (Large())
-        PaintCaptions(painter, inner, inner.top() + QFontMetrics(dayFont).height() + 2, look);
-    else if (!look.captions.isEmpty())
-        PaintSmallCaption(painter, cell, QFontMetrics(dayFont).height(), look.captions.first(), ink);
+    if (Large()) {
+        painter.setPen(ink);
+        PaintCaptions(painter, inner, inner.top() + numberHeight + 2, look);
+    } else if (named) {
+        PaintSmallCaption(painter, cell, room, look.captions.first(), ink);
+    }
 }
 
-// A small sheet names a holiday or birthday under the day number when the cell has room for
-// a line of tiny print, and otherwise underlines the day; the tooltip names them all.
-void CalendarView::PaintSmallCaption(QPainter& painter, const QRect& cell, int numberHeight,
-                                     const QString& caption, const QColor& ink) const {
+// The print of a holiday's or birthday's name in a small sheet's day cell.
+QFont CalendarView::TinyFont() const {
     QFont tiny = font();
     tiny.setPointSizeF(std::max(6.0, font().pointSizeF() * 0.6));
-    const QFontMetrics metrics(tiny);
-    const int free = (cell.height() - numberHeight) / 2;
-    if (free >= metrics.height()) {
-        painter.setFont(tiny);
-        painter.setPen(ink);
-        const QRect line(cell.left() + 1, cell.bottom() - metrics.height(), cell.width() - 2,
-                         metrics.height());
-        painter.drawText(line, Qt::AlignCenter,
-                         metrics.elidedText(caption, Qt::ElideRight, line.width()));
+    return tiny;
+}
+
+// A small sheet names a holiday or birthday under the day number, which moves up to make
+// room, when the cell is tall enough for a line of tiny print, and otherwise underlines the
+// day; the tooltip names them all.
+void CalendarView::PaintSmallCaption(QPainter& painter, const QRect& cell, bool room,
+                                     const QString& caption, const QColor& ink) const {
+    if (!room) {
+        painter.fillRect(QRect(cell.left() + 3, cell.bottom() - 2, cell.width() - 6, 2),
+                         QColor(176, 0, 32));
         return;
     }
-    painter.fillRect(QRect(cell.left() + 3, cell.bottom() - 2, cell.width() - 6, 2),
-                     QColor(176, 0, 32));
+    const QFontMetrics metrics(TinyFont());
+    painter.setFont(TinyFont());
+    painter.setPen(ink);
+    const QRect line(cell.left() + 1, cell.bottom() - metrics.height(), cell.width() - 2,
+                     metrics.height());
+    painter.drawText(line, Qt::AlignCenter,
+                     metrics.elidedText(caption, Qt::ElideRight, line.width()));
 }
 
 void CalendarView::PaintCaptions(QPainter& painter, const QRect& inner, int top,

@@ -66,8 +66,9 @@ private:
     void PaintSheet(QPainter& painter, const Sheet& sheet) const;
     void PaintDay(QPainter& painter, const QRect& cell, const QDate& date) const;
     void PaintIndicators(QPainter& painter, const QRect& cell, const DayLook& look) const;
-    void PaintSmallCaption(QPainter& painter, const QRect& cell, int numberHeight,
-                           const QString& caption, const QColor& ink) const;
+    QFont TinyFont() const;
+    void PaintSmallCaption(QPainter& painter, const QRect& cell, bool room, const QString& caption,
+                           const QColor& ink) const;
     void PaintCaptions(QPainter& painter, const QRect& inner, int top, const DayLook& look) const;
     // The date of cell (weekday, week) of the month beginning first.
     QDate DayOfCell(const QDate& first, int weekday, int week) const;
