@@ -56,7 +56,7 @@ frmHolidays::frmHolidays(HolidaysBirthdaysContext& context)
       lstHolidays_(new QListWidget),
       txtDate_(new QLineEdit),
       txtDesc_(new QLineEdit),
-      cmdSave_(Button(QStringLiteral("cmdSave"), QStringLiteral("&Save and Update List"))) {
+      cmdSave_(Button(QStringLiteral("cmdSave"), QStringLiteral("Save and Update List"))) {
     BuildControls();
     BuildMenus();
     // Form_Load: the calendar's year, its list, then the years offered.
@@ -72,21 +72,21 @@ void frmHolidays::BuildControls() {
     txtDate_->setObjectName(QStringLiteral("txtDate"));
     txtDate_->setToolTip(QStringLiteral("Type a date, such as Dec 25 or 12/25"));
     txtDesc_->setObjectName(QStringLiteral("txtDesc"));
-    auto* cmdAddNew = Button(QStringLiteral("cmdAddNew"), QStringLiteral("&Insert New Holiday"));
-    auto* cmdDelete = Button(QStringLiteral("cmdDelete"), QStringLiteral("&Remove this Holiday"));
+    auto* cmdAddNew = Button(QStringLiteral("cmdAddNew"), QStringLiteral("Insert New Holiday"));
+    auto* cmdDelete = Button(QStringLiteral("cmdDelete"), QStringLiteral("Remove this Holiday"));
 
     auto* grid = new QGridLayout(Body());
     grid->addWidget(
-        Caption(QStringLiteral("lblYear"), QStringLiteral("Change the &Year Below"), cmbYear_), 0,
+        Caption(QStringLiteral("lblYear"), QStringLiteral("Change the Year Below"), cmbYear_), 0,
         0);
     grid->addWidget(cmbYear_, 1, 0);
     grid->addWidget(Caption(QStringLiteral("lblList"),
-                            QStringLiteral("Holiday &List - Click to Select"), lstHolidays_),
+                            QStringLiteral("Holiday List - Click to Select"), lstHolidays_),
                     2, 0);
     grid->addWidget(lstHolidays_, 3, 0, 6, 1);
-    grid->addWidget(Caption({}, QStringLiteral("&Date"), txtDate_), 2, 1);
+    grid->addWidget(Caption({}, QStringLiteral("Date"), txtDate_), 2, 1);
     grid->addWidget(txtDate_, 3, 1);
-    grid->addWidget(Caption(QStringLiteral("lblDesc"), QStringLiteral("D&escription"), txtDesc_), 4,
+    grid->addWidget(Caption(QStringLiteral("lblDesc"), QStringLiteral("Description"), txtDesc_), 4,
                     1);
     grid->addWidget(txtDesc_, 5, 1);
     grid->addWidget(cmdAddNew, 6, 1);

@@ -24,19 +24,19 @@ frmSelectMonth::frmSelectMonth(Services& services, const QList<int>& years, cons
     auto* frame = new QGroupBox(QStringLiteral("Select a Date Period Below"));
     frame->setObjectName(QStringLiteral("framMonthByMonth"));
     auto* grid = new QGridLayout(frame);
-    auto* monthLabel = new QLabel(QStringLiteral("Select &Month"));
+    auto* monthLabel = new QLabel(QStringLiteral("Select Month"));
     monthLabel->setBuddy(cmbMonth_);
-    auto* yearLabel = new QLabel(QStringLiteral("Select &Year"));
+    auto* yearLabel = new QLabel(QStringLiteral("Select Year"));
     yearLabel->setBuddy(cmbYear_);
     grid->addWidget(monthLabel, 0, 0);
     grid->addWidget(yearLabel, 0, 1);
     grid->addWidget(cmbMonth_, 1, 0);
     grid->addWidget(cmbYear_, 1, 1);
 
-    auto* cmdReport = new QPushButton(QStringLiteral("&Generate Report Now"));
+    auto* cmdReport = new QPushButton(QStringLiteral("Generate Report Now"));
     cmdReport->setObjectName(QStringLiteral("cmdReport"));
     cmdReport->setDefault(true);
-    auto* cmdSelectStartEnd = new QPushButton(QStringLiteral("&Select Start/End Date"));
+    auto* cmdSelectStartEnd = new QPushButton(QStringLiteral("Select Start/End Date"));
     cmdSelectStartEnd->setObjectName(QStringLiteral("cmdSelectStartEnd"));
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(cmdReport);

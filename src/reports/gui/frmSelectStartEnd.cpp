@@ -39,9 +39,9 @@ frmSelectStartEnd::frmSelectStartEnd(Services& services, const QList<int>& years
     sides->addWidget(BuildSide(kEnd, QStringLiteral("Choose the Ending Date"),
                                QStringLiteral("End Date Below")));
 
-    auto* cmdReport = new QPushButton(QStringLiteral("&Generate Report Now"));
+    auto* cmdReport = new QPushButton(QStringLiteral("Generate Report Now"));
     cmdReport->setObjectName(QStringLiteral("cmdReport"));
-    auto* cmdSelectMonth = new QPushButton(QStringLiteral("Go &Back to Monthly View"));
+    auto* cmdSelectMonth = new QPushButton(QStringLiteral("Go Back to Monthly View"));
     cmdSelectMonth->setObjectName(QStringLiteral("cmdSelectMonth"));
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(cmdReport);
