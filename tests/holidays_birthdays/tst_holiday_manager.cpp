@@ -11,9 +11,9 @@
 #include "MainWindowFixture.h"
 #include "holidays_birthdays/HolidaysBirthdaysMessages.h"
 #include "holidays_birthdays/IcsHolidays.h"
-#include "shell/ShellMessages.h"
 #include "holidays_birthdays/gui/frmHolidays.h"
 #include "holidays_birthdays/modHolidays.h"
+#include "shell/ShellMessages.h"
 
 namespace {
 
@@ -73,6 +73,23 @@ private slots:
         f.env.dialogs.ExpectMsgBox(kHolidayListSavedMessage, vb::OKOnly, "");
         m.window->CloseWindow();
         VERIFY_DIALOGS(f.env.dialogs);
+    }
+
+    // Marking a day as a Holiday or a Birthday goes on in its manager, on that day.
+    void markingHandsOverToTheManagers() {
+        MainWindowFixture f;
+        f.env.write(kFile, "01/01/26:New Year\r\n");
+        f.Start();
+        f.env.state->dates.SelectDate(QDate(2026, 7, 4));
+        f.menu("mnuOptDateMarkAs_8")->trigger();
+        auto* holidays = qobject_cast<ChildWindow*>(f.frame().ChildWindow(frmHolidays::kName));
+        QVERIFY(holidays);
+        QCOMPARE(holidays->Control<QLineEdit>("txtDate")->text(), "Jul 04, 2026");
+        f.menu("mnuOptDateMarkAs_4")->trigger();
+        auto* birthdays = qobject_cast<ChildWindow*>(f.frame().ChildWindow("frmBirthdays"));
+        QVERIFY(birthdays);
+        QCOMPARE(birthdays->Control<QComboBox>("cmbMonth")->currentText(), "July");
+        QCOMPARE(birthdays->Control<QComboBox>("cmbDay")->currentText().toInt(), 4);
     }
 
     void refusals_data() {
