@@ -83,15 +83,18 @@ void frmHolidays::BuildControls() {
     grid->addWidget(Caption(QStringLiteral("lblList"),
                             QStringLiteral("Holiday List - Click to Select"), lstHolidays_),
                     2, 0);
-    grid->addWidget(lstHolidays_, 3, 0, 6, 1);
-    grid->addWidget(Caption({}, QStringLiteral("Date"), txtDate_), 2, 1);
-    grid->addWidget(txtDate_, 3, 1);
-    grid->addWidget(Caption(QStringLiteral("lblDesc"), QStringLiteral("Description"), txtDesc_), 4,
-                    1);
-    grid->addWidget(txtDesc_, 5, 1);
-    grid->addWidget(cmdAddNew, 6, 1);
-    grid->addWidget(cmdSave_, 7, 1);
-    grid->addWidget(cmdDelete, 8, 1);
+    grid->addWidget(lstHolidays_, 3, 0);
+    // The date, the description and the buttons, one under another beside the list.
+    auto* fields = new QVBoxLayout;
+    fields->addWidget(Caption({}, QStringLiteral("Date"), txtDate_));
+    fields->addWidget(txtDate_);
+    fields->addWidget(Caption(QStringLiteral("lblDesc"), QStringLiteral("Description"), txtDesc_));
+    fields->addWidget(txtDesc_);
+    fields->addSpacing(8);
+    for (QPushButton* button : {cmdAddNew, cmdSave_, cmdDelete})
+        fields->addWidget(button);
+    fields->addStretch();
+    grid->addLayout(fields, 3, 1);
     grid->setColumnStretch(0, 1);
     lstHolidays_->setMinimumWidth(QFontMetrics(font()).averageCharWidth() * 36);
     txtDesc_->setMinimumWidth(QFontMetrics(font()).averageCharWidth() * 30);
