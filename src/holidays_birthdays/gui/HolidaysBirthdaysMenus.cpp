@@ -46,6 +46,9 @@ HolidaysBirthdaysMenus::HolidaysBirthdaysMenus(HolidaysBirthdaysContext context)
         ShowPendingBirthdays();
         context_.calendar.RedrawCalendar();
     });
+    // A new day may bring birthdays within their alert period, or take them out of it.
+    connect(&context_.frame, &frmMain::todayChanged, this,
+            [this] { context_.birthdays.ReadBirthdays(); });
     connect(&context_.holidays, &HolidayStore::holidaysAssigned, this,
             &HolidaysBirthdaysMenus::ShowHoliday);
     connect(&context_.dates, &DateModel::selectedDateChanged, this,
