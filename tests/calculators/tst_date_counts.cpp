@@ -45,6 +45,7 @@ private slots:
         QTest::newRow("seven days back") << "w" << At(2026, 9, 14) << At(2026, 9, 7) << -1LL;
         QTest::newRow("a calendar week starts on Sunday")
             << "ww" << At(2026, 1, 3) << At(2026, 1, 4) << 1LL;
+        QTest::newRow("and so at new year") << "ww" << At(2011, 12, 31) << At(2012, 1, 1) << 1LL;
         QTest::newRow("the week holding 1 January is one") << "ww" << newYearsEve << newYear << 0LL;
         QTest::newRow("Sunday to Saturday") << "ww" << At(2026, 9, 6) << At(2026, 9, 12) << 0LL;
         QTest::newRow("calendar weeks backwards")
