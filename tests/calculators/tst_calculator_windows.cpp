@@ -89,7 +89,9 @@ private slots:
         intervals->setCurrentIndex(1);
         emit intervals->activated(1);
         QCOMPARE(window->Control<QLabel>("lblInterval")->text(), "Current Interval = Day of Year");
-        QCOMPARE(Difference(window, "Dec 31, 2008", "Mar 1, 2009"), "60");
+        QCOMPARE(Difference(window, "12/31/2008", "Mar 1, 2009"), "60");
+        // A date typed is shown as the lists would show it.
+        QCOMPARE(window->Control<QLineEdit>("txtInput", 0)->text(), "Dec 31, 2008");
         // A pick in the lists shows the date picked, which is then counted.
         auto* day = window->Control<QComboBox>("cmbDay", 1);
         day->setCurrentIndex(27);

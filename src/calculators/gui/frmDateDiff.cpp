@@ -164,6 +164,7 @@ void frmDateDiff::txtInput_LostFocus(int side) {
     cmbMonth_[side]->setCurrentIndex(date.month() - 1);
     cmbDay_[side]->setCurrentIndex(date.day() - 1);
     SelectYear(side, date.year());
+    txtInput_[side]->setText(datefmt::MmmDdYyyy(date));
 }
 
 void frmDateDiff::SelectYear(int side, int year) {
