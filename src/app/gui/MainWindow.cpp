@@ -1,6 +1,7 @@
 #include "app/gui/MainWindow.h"
 
 #include "app/ProgramState.h"
+#include "calculators/gui/CalculatorMenus.h"
 #include "calendar/gui/CalendarMenus.h"
 #include "help/gui/HelpMenus.h"
 #include "holidays_birthdays/gui/HolidaysBirthdaysMenus.h"
@@ -34,6 +35,7 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
         {frame, state.services, state.dates, state.holidays, state.birthdays, *calendar});
     new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
     new ShellMenus(frame, state.services, state.prefs);
+    new CalculatorMenus(frame, state.services, state.dates);
     window.help = help;
     window.calendar = calendar;
     window.notesPlanner = notesPlanner;
