@@ -8,6 +8,8 @@
 #include "notes_planner/UnsavedWork.h"
 #include "notes_planner/modNotes.h"
 #include "notes_planner/modPlanner.h"
+#include "reminders/modAlerts.h"
+#include "reminders/modToDo.h"
 #include "shell/Prompts.h"
 #include "shell/Services.h"
 #include "shell/UserPreferences.h"
@@ -29,4 +31,6 @@ struct ProgramState {
     PlannerStore planner;
     SearchState search;
     UnsavedWork unsaved;
+    AlertsStore alerts;
+    ToDoStore toDo;
 };

@@ -19,6 +19,7 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
                                       state.dates,
                                       state.notes,
                                       state.planner,
+                                      state.toDo,
                                       state.changes,
                                       state.prefs,
                                       state.search,
