@@ -4,6 +4,8 @@
 #include "calendar/gui/CalendarMenus.h"
 #include "help/gui/HelpMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
+#include "reminders/gui/AlertTray.h"
+#include "reminders/gui/RemindersMenus.h"
 #include "reports/gui/ReportMenus.h"
 #include "shell/gui/ShellMenus.h"
 
@@ -32,15 +34,19 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     auto* notesPlanner = new NotesPlannerMenus(context, *calendar);
     new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
     new ShellMenus(frame, state.services, state.prefs);
+    auto* reminders =
+        new RemindersMenus(frame, state.services, state.dates, state.alerts, state.toDo, printer);
     window.help = help;
     window.calendar = calendar;
     window.notesPlanner = notesPlanner;
+    window.reminders = reminders;
 
     // What the program reads at start-up, in this order: the help topics, the preferences,
     // the working date from today, the marker colours, both years' date holders and the
-    // per-year stores, then the year's calendar and the month's tasks; last, typing a session
-    // ended without saving is offered back.
-    frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner] {
+    // per-year stores, the alerts and the to-do list, then the year's calendar and the month's
+    // tasks; last, typing a session ended without saving is offered back, and what is due is
+    // announced on the desktop.
+    frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner, reminders] {
         help->LoadHelpTopics();
         state.prefs.GetUserPreferences(state.services);
         state.dates.SelectedDate = state.services.clock.today();
@@ -49,10 +55,13 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
         state.dates.AssignThisYearsDateHolders();
         state.dates.AssignNextYearsDateholders();
         state.dates.ReadYearStores();
+        state.alerts.ReadAlerts();
+        state.toDo.ReadToDoList();
         calendar->Show1YearCalendar();
         frame.ShowSelectedDate(state.dates.SelectedDate);
         notesPlanner->Refresh();
         notesPlanner->OfferUnsavedWork();
+        reminders->tray().AnnounceDue();
     });
     return window;
 }
