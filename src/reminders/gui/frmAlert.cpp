@@ -299,7 +299,7 @@ void frmAlert::LoadAlerts() {
         }
         lblList_->setText(shown.isEmpty() ? kAlertListEmpty : AlertListCaption(int(shown.size())));
         // The alert in the editor stays selected; one no longer listed is kept as a new one.
-        if (!SelectLine(selected) && !alerts_.AlertListChanged)
+        if (!SelectLine(selected))
             alerts_.AlertListChanged = true;
         SetHeading();
     });
