@@ -33,7 +33,6 @@ private slots:
         QTest::newRow("yesterday, long period") << -1 << 9999 << false;
         QTest::newRow("today + period") << 7 << 7 << true;
         QTest::newRow("a day after today + period") << 8 << 7 << false;
-        QTest::newRow("tomorrow, period 0") << 1 << 0 << false;
     }
     void pendingFromPeriodDaysBeforeToTheDateItself() {
         QFETCH(int, daysAhead);
@@ -65,12 +64,6 @@ private slots:
         alerts.ReadAlerts();
         QCOMPARE(alerts.alertMessages, QStringList({"Call: re \"offer\", 9:30", "Caf\u00e9"}));
         QCOMPARE(alerts.alertPeriods, (QList<qint16>{7, 0}));
-
-        // A list with nothing left deletes the file, without a word, and a read finds none.
-        QVERIFY(alerts.SaveAlerts({}));
-        QVERIFY(!env.exists("Alerts.dat"));
-        alerts.ReadAlerts();
-        QVERIFY(!alerts.FileFound() && alerts.AlertCount() == 0);
         VERIFY_DIALOGS(env.dialogs);
     }
 
