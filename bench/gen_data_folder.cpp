@@ -1,8 +1,9 @@
 // Writes a data folder as full as a user can make it, for the notes and planner benchmarks:
 // for every day of every year a note of several lines, a planner page with every slot filled
 // (all appointment lines, to-do items, expenses and mileage lines) and a date mark with a
-// hover note. The text mixes in the accented letters and the euro sign that the files keep as
-// single windows-1252 bytes. The output depends only on the arguments.
+// hover note; an alert a week, each notified up to two weeks ahead, and a to-do list of ten
+// rows. The text mixes in the accented letters and the euro sign that the files keep as single
+// windows-1252 bytes. The output depends only on the arguments.
 //
 // Lines are built with the stores' own formatting (date key, cell code, planner record, mark
 // line, encoded line breaks) and each year's file is encoded once and written in one go.
@@ -23,6 +24,8 @@
 #include "notes_planner/PlannerRecord.h"
 #include "notes_planner/modNotes.h"
 #include "notes_planner/modPlanner.h"
+#include "reminders/modAlerts.h"
+#include "reminders/modToDo.h"
 #include "shell/DateFormats.h"
 #include "shell/TextFile.h"
 
@@ -202,6 +205,26 @@ qint64 WriteYear(const QString& dir, int year, const MarkerColors& colors) {
     return notes.size() + planner.size() + marks.size();
 }
 
+// The alerts of the years, one a week, and the to-do list; returns the bytes written, or -1.
+qint64 WriteReminders(const QString& dir, int firstYear, int years) {
+    Random random(static_cast<quint64>(firstYear) * 31u + static_cast<quint64>(years));
+    QString alerts;
+    for (QDate date(firstYear, 1, 1); date.year() < firstYear + years; date = date.addDays(7))
+        if (FitsAlertFile(date))
+            alerts += MakeAlertLine(date, random.Below(15), Sentence(random, 2, 8, 60)) + kCrLfText;
+    ToDoRows rows;
+    for (int row = 0; row < kToDoRows; ++row) {
+        rows.texts[row] = Sentence(random, 2, 6, 50);
+        rows.done[row] = random.OneIn(3);
+    }
+    const QByteArray alertBytes = textfile::Encode(alerts);
+    const QByteArray toDoBytes = textfile::Encode(ToDoFileText(rows));
+    if ((!alertBytes.isEmpty() && !WriteBytes(dir + QLatin1Char('/') + kAlertsFile, alertBytes)) ||
+        !WriteBytes(dir + QLatin1Char('/') + kToDoFile, toDoBytes))
+        return -1;
+    return alertBytes.size() + toDoBytes.size();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -230,6 +253,10 @@ int main(int argc, char** argv) {
             return 1;
         total += bytes;
     }
+    const qint64 reminders = WriteReminders(dir, firstYear, years);
+    if (reminders < 0)
+        return 1;
+    total += reminders;
     std::printf("wrote %d years (%d-%d) to %s: %.1f MB in %.2f s\n", years, firstYear,
                 firstYear + years - 1, qPrintable(dir), total / 1e6, timer.elapsed() / 1000.0);
     return 0;

@@ -10,6 +10,8 @@
 #include "notes_planner/UnsavedWork.h"
 #include "notes_planner/modNotes.h"
 #include "notes_planner/modPlanner.h"
+#include "reminders/modAlerts.h"
+#include "reminders/modToDo.h"
 #include "shell/Prompts.h"
 #include "shell/Services.h"
 #include "shell/UserPreferences.h"
@@ -33,4 +35,6 @@ struct ProgramState {
     BirthdayStore birthdays;
     SearchState search;
     UnsavedWork unsaved;
+    AlertsStore alerts;
+    ToDoStore toDo;
 };

@@ -4,6 +4,7 @@
 #include <QStringView>
 #include <array>
 
+#include "shell/DoneMarks.h"
 #include "shell/FixedWidth.h"
 
 // A daily planner page and the 4,100-character record it is kept in. The page has 60 text
@@ -31,10 +32,6 @@ constexpr int kFirstMilesSlot = 54;
 constexpr int kTotalMileageSlot = 59;
 
 constexpr qsizetype kPlannerRecordLength = 4100;
-
-// The characters of a to-do item's done mark.
-constexpr char16_t kDoneMark = 243;
-constexpr char16_t kNotDoneMark = 245;
 
 // An appointment line with its own time ("Stop"), or one that continues the line above it,
 // its time label emptied ("Push").

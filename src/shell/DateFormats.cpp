@@ -18,6 +18,7 @@ QString QtPattern(const QString& classic) {
         {QStringLiteral("Long Date"), QStringLiteral("dddd, MMMM d, yyyy")},
         {QStringLiteral("Short Date"), QStringLiteral("M/d/yyyy")},
         {QStringLiteral("Medium Time"), QStringLiteral("hh:mm AP")},
+        {QStringLiteral("hh:mm AMPM"), QStringLiteral("hh:mm AP")},
         {QStringLiteral("General Date"), QStringLiteral("M/d/yyyy h:mm:ss AP")},
     };
     const auto found = patterns.constFind(classic);

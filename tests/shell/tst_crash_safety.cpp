@@ -30,6 +30,9 @@
 #include "notes_planner/UnsavedWork.h"
 #include "notes_planner/modNotes.h"
 #include "notes_planner/modPlanner.h"
+#include "reminders/RemindersMessages.h"
+#include "reminders/modAlerts.h"
+#include "reminders/modToDo.h"
 #include "shell/DateFormats.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
@@ -147,6 +150,27 @@ void SaveUnsavedWork(Folder& folder, int content) {
     work.Keep(EditorKind::Notes, edit);
 }
 
+void SaveAlerts(Folder& folder, int content) {
+    AlertsStore alerts(folder.services);
+    QStringList lines;
+    for (int i = 0; i < 20 + content; ++i)
+        lines.append(MakeAlertLine(kToday.addDays(i), i,
+                                   QStringLiteral("Caf\u00e9 %1: %2").arg(content).arg(i)));
+    folder.dialogs.ExpectMsgBox(kAlertListUpdated, vb::OKOnly, {});
+    alerts.SaveAlerts(lines);
+}
+
+void SaveToDoList(Folder& folder, int content) {
+    ToDoStore toDo(folder.services);
+    ToDoRows rows;
+    for (int row = 0; row < kToDoRows; ++row) {
+        rows.texts[row] = QStringLiteral("R\u00e9sum\u00e9 %1 of list %2").arg(row).arg(content);
+        rows.done[row] = (row + content) % 2 == 0;
+    }
+    folder.dialogs.ExpectMsgBox(kToDoSaved, vb::OKOnly, {});
+    toDo.SaveToDoList(rows);
+}
+
 struct Store {
     const char* procedure;
     QString file;
@@ -163,6 +187,8 @@ const Store kStores[] = {
     {"KeepUnsavedWork", kTempRecordFile, {}, SaveUnsavedWork},
     {"DeleteNotes", "2026/Notes.dat", {}, DeleteNotes},
     {"SaveExternalPlanner", "Planners And Notes/Page.pln", {}, SaveExternalPlanner},
+    {"SaveAlerts", kAlertsFile, {}, SaveAlerts},
+    {"SaveToDoList", kToDoFile, {}, SaveToDoList},
 };
 
 const QByteArray kMissing = "<missing>";

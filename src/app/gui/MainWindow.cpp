@@ -6,6 +6,8 @@
 #include "help/gui/HelpMenus.h"
 #include "holidays_birthdays/gui/HolidaysBirthdaysMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
+#include "reminders/gui/AlertTray.h"
+#include "reminders/gui/RemindersMenus.h"
 #include "reports/gui/ReportMenus.h"
 #include "shell/gui/ShellMenus.h"
 
@@ -21,6 +23,7 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
                                       state.dates,
                                       state.notes,
                                       state.planner,
+                                      state.toDo,
                                       state.changes,
                                       state.prefs,
                                       state.search,
@@ -36,29 +39,43 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
     new ShellMenus(frame, state.services, state.prefs);
     new CalculatorMenus(frame, state.services, state.dates);
+    auto* reminders =
+        new RemindersMenus(frame, state.services, state.dates, state.alerts, state.toDo, printer);
+    // The notification area also tells of the birthdays within their alert period.
+    reminders->tray().SetPendingBirthdays([&state] {
+        return state.birthdays.pending.isEmpty() ? QString() : state.birthdays.PendingText();
+    });
+    QObject::connect(&state.birthdays, &BirthdayStore::birthdaysRead, &reminders->tray(),
+                     &AlertTray::Refresh);
     window.help = help;
     window.calendar = calendar;
     window.notesPlanner = notesPlanner;
+    window.reminders = reminders;
 
     // What the program reads at start-up, in this order: the help topics, the preferences,
     // the working date from today, the marker colours, both years' date holders and the
-    // per-year stores, the birthdays, then the year's calendar and the month's tasks; last,
-    // typing a session ended without saving is offered back.
-    frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner, holidaysBirthdays] {
-        help->LoadHelpTopics();
-        state.prefs.GetUserPreferences(state.services);
-        state.dates.SelectedDate = state.services.clock.today();
-        state.dates.SetYearBounds();
-        calendar->ReadMarkerColors();
-        state.dates.AssignThisYearsDateHolders();
-        state.dates.AssignNextYearsDateholders();
-        state.dates.ReadYearStores();
-        state.birthdays.ReadBirthdays();
-        holidaysBirthdays->ShowHoliday();
-        calendar->Show1YearCalendar();
-        frame.ShowSelectedDate(state.dates.SelectedDate);
-        notesPlanner->Refresh();
-        notesPlanner->OfferUnsavedWork();
-    });
+    // per-year stores, the alerts, the birthdays and the to-do list, then the year's calendar
+    // and the month's tasks; last, typing a session ended without saving is offered back, and
+    // what is due is announced on the desktop.
+    frame.SetLoadSteps(
+        [&state, &frame, help, calendar, notesPlanner, holidaysBirthdays, reminders] {
+            help->LoadHelpTopics();
+            state.prefs.GetUserPreferences(state.services);
+            state.dates.SelectedDate = state.services.clock.today();
+            state.dates.SetYearBounds();
+            calendar->ReadMarkerColors();
+            state.dates.AssignThisYearsDateHolders();
+            state.dates.AssignNextYearsDateholders();
+            state.dates.ReadYearStores();
+            state.alerts.ReadAlerts();
+            state.birthdays.ReadBirthdays();
+            holidaysBirthdays->ShowHoliday();
+            state.toDo.ReadToDoList();
+            calendar->Show1YearCalendar();
+            frame.ShowSelectedDate(state.dates.SelectedDate);
+            notesPlanner->Refresh();
+            notesPlanner->OfferUnsavedWork();
+            reminders->tray().AnnounceDue();
+        });
     return window;
 }

@@ -8,6 +8,7 @@ class CalendarMenus;
 class HelpMenus;
 class NotesPlannerMenus;
 class Printer;
+class RemindersMenus;
 struct ProgramState;
 
 // The main window as the program runs it: the frame, each subsystem's part of it connected to
@@ -17,6 +18,7 @@ struct MainWindow {
     CalendarMenus* calendar = nullptr;
     HelpMenus* help = nullptr;
     NotesPlannerMenus* notesPlanner = nullptr;
+    RemindersMenus* reminders = nullptr;
 };
 
 // printer: where the program's printouts go.

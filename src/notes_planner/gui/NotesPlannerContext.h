@@ -9,6 +9,7 @@ class NotesStore;
 class PlannerStore;
 class Printer;
 class Services;
+class ToDoStore;
 class UnsavedWork;
 class UserPreferences;
 class frmMain;
@@ -25,6 +26,8 @@ struct NotesPlannerContext {
     DateModel& dates;
     NotesStore& notes;
     PlannerStore& planner;
+    // The default to-do list, which a planner page can take its to-do items from.
+    const ToDoStore& toDo;
     ChangeFlags& changes;
     UserPreferences& prefs;
     SearchState& search;

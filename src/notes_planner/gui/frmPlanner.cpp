@@ -22,7 +22,7 @@
 #include "notes_planner/gui/PlannerPrint.h"
 #include "notes_planner/gui/UnsavedTracker.h"
 #include "notes_planner/modPlanner.h"
-#include "reminders/ToDoFile.h"
+#include "reminders/modToDo.h"
 #include "shell/DateFormats.h"
 #include "shell/DateInput.h"
 #include "shell/Prompts.h"
@@ -449,9 +449,7 @@ void frmPlanner::mnuOptShowMainLabel_Click() {
 void frmPlanner::mnuToDoImport_Click() {
     if (services_.dialogs.MsgBox(kToDoImportQuestion, kQuestionStyle, kToDoImportTitle) != vb::Yes)
         return;
-    ToDoRows rows;
-    // A list longer than ten rows still gives its first ten.
-    services_.Trap("ReadToDoList", [&] { ReadToDoFile(services_.AppFolder, rows); });
+    const ToDoRows& rows = context_.toDo.rows();
     for (int item = 0; item < kPlannerToDoItems; ++item) {
         const QString text = rows.texts[item].trimmed();
         if (text.isEmpty())
