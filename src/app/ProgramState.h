@@ -1,5 +1,6 @@
 #pragma once
 
+#include "assignment/modEmployeeInfo.h"
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
@@ -33,4 +34,5 @@ struct ProgramState {
     BirthdayStore birthdays;
     SearchState search;
     UnsavedWork unsaved;
+    ContactList contacts;
 };

@@ -23,6 +23,7 @@
 #include "FakeClock.h"
 #include "FakeDialogs.h"
 #include "FakePlatform.h"
+#include "assignment/modEmployeeInfo.h"
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
@@ -147,6 +148,14 @@ void SaveUnsavedWork(Folder& folder, int content) {
     work.Keep(EditorKind::Notes, edit);
 }
 
+void SaveContacts(Folder& folder, int content) {
+    ContactList contacts(folder.services);
+    for (int k = 0; k < 20 + content; ++k)
+        contacts.Put({QStringLiteral("Person %1 %2").arg(content).arg(k),
+                      QStringLiteral("p%1@x.org").arg(k), QStringLiteral("Caf\u00e9")});
+    contacts.SaveEmployeeInfo();
+}
+
 struct Store {
     const char* procedure;
     QString file;
@@ -163,6 +172,7 @@ const Store kStores[] = {
     {"KeepUnsavedWork", kTempRecordFile, {}, SaveUnsavedWork},
     {"DeleteNotes", "2026/Notes.dat", {}, DeleteNotes},
     {"SaveExternalPlanner", "Planners And Notes/Page.pln", {}, SaveExternalPlanner},
+    {"SaveEmployeeInfo", kEmployeeInfoFile, {}, SaveContacts},
 };
 
 const QByteArray kMissing = "<missing>";
