@@ -62,6 +62,7 @@ frmEmailList::frmEmailList(Services& services, ContactList& contacts, const User
 
     lstNames_ = new QListWidget;
     lstNames_->setObjectName(QStringLiteral("lstNames"));
+    lstNames_->setFixedWidth(200);
     auto* fields = new QGridLayout;
     txt_ = MakeControlArray<QLineEdit>(QStringLiteral("txt"), 3, [&](int field) {
         auto* box = new QLineEdit;
@@ -89,6 +90,9 @@ frmEmailList::frmEmailList(Services& services, ContactList& contacts, const User
     txtSubject_->setPlaceholderText(kDefaultSubject);
     txtMessage_ = new QPlainTextEdit;
     txtMessage_->setObjectName(QStringLiteral("txtMessage"));
+    // The message takes the height left over, so that the whole window fits the frame.
+    txtMessage_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    txtMessage_->setMinimumHeight(60);
     auto* cmdOpenEmail = Button(QStringLiteral("Open E-mail"), QStringLiteral("cmdOpenEmail"));
     auto* cmdExit = Button(QStringLiteral("Exit"), QStringLiteral("cmdExit"));
 
