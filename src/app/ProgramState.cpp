@@ -10,7 +10,8 @@ ProgramState::ProgramState(const QString& dataFolder, Dialogs& dialogs, Clock& c
       birthdays(services, dates),
       unsaved(services),
       alerts(services),
-      toDo(services) {
+      toDo(services),
+      contacts(services) {
     // Every store with a table per year reads both years again when the year on show changes.
     dates.AddYearStore(&marks);
     dates.AddYearStore(&notes);

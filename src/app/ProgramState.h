@@ -1,5 +1,6 @@
 #pragma once
 
+#include "assignment/modEmployeeInfo.h"
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
@@ -37,4 +38,5 @@ struct ProgramState {
     UnsavedWork unsaved;
     AlertsStore alerts;
     ToDoStore toDo;
+    ContactList contacts;
 };

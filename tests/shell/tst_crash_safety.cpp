@@ -23,6 +23,7 @@
 #include "FakeClock.h"
 #include "FakeDialogs.h"
 #include "FakePlatform.h"
+#include "assignment/modEmployeeInfo.h"
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
@@ -171,6 +172,14 @@ void SaveToDoList(Folder& folder, int content) {
     toDo.SaveToDoList(rows);
 }
 
+void SaveContacts(Folder& folder, int content) {
+    ContactList contacts(folder.services);
+    for (int k = 0; k < 20 + content; ++k)
+        contacts.Put({QStringLiteral("Person %1 %2").arg(content).arg(k),
+                      QStringLiteral("p%1@x.org").arg(k), QStringLiteral("Caf\u00e9")});
+    contacts.SaveEmployeeInfo();
+}
+
 struct Store {
     const char* procedure;
     QString file;
@@ -189,6 +198,7 @@ const Store kStores[] = {
     {"SaveExternalPlanner", "Planners And Notes/Page.pln", {}, SaveExternalPlanner},
     {"SaveAlerts", kAlertsFile, {}, SaveAlerts},
     {"SaveToDoList", kToDoFile, {}, SaveToDoList},
+    {"SaveEmployeeInfo", kEmployeeInfoFile, {}, SaveContacts},
 };
 
 const QByteArray kMissing = "<missing>";

@@ -9,6 +9,8 @@
 class FakePlatform final : public Platform {
 public:
     QStringList openedUrls;
+    // When set, opening an address fails (it is still recorded).
+    bool openFails = false;
     int beeps = 0;
     bool printer = true;
     QString clipboard;
@@ -18,7 +20,7 @@ public:
 
     bool OpenUrl(const QString& url) override {
         openedUrls.append(url);
-        return true;
+        return !openFails;
     }
     void Beep() override { ++beeps; }
     bool PrinterPresent() override { return printer; }

@@ -1,6 +1,7 @@
 #include "app/gui/MainWindow.h"
 
 #include "app/ProgramState.h"
+#include "assignment/gui/AssignmentMenus.h"
 #include "calculators/gui/CalculatorMenus.h"
 #include "calendar/gui/CalendarMenus.h"
 #include "help/gui/HelpMenus.h"
@@ -18,21 +19,24 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     auto* help = new HelpMenus(frame, state.help, state.services);
     auto* calendar =
         new CalendarMenus(frame, state.services, state.dates, state.markerColors, state.marks);
-    const NotesPlannerContext context{frame,
-                                      state.services,
-                                      state.dates,
-                                      state.notes,
-                                      state.planner,
-                                      state.toDo,
-                                      state.changes,
-                                      state.prefs,
-                                      state.search,
-                                      state.unsaved,
-                                      printer,
-                                      {},
-                                      {},
-                                      {},
-                                      {}};
+    auto* assignment = new AssignmentMenus(frame, state.services, state.contacts, state.prefs);
+    const NotesPlannerContext context{
+        frame,
+        state.services,
+        state.dates,
+        state.notes,
+        state.planner,
+        state.toDo,
+        state.changes,
+        state.prefs,
+        state.search,
+        state.unsaved,
+        printer,
+        {},
+        {},
+        {},
+        [assignment](const QString& path) { assignment->AssignExport(path); },
+        [assignment](const QString& text) { assignment->PlannerCopied(text); }};
     auto* notesPlanner = new NotesPlannerMenus(context, *calendar);
     auto* holidaysBirthdays = new HolidaysBirthdaysMenus(
         {frame, state.services, state.dates, state.holidays, state.birthdays, *calendar});

@@ -38,8 +38,11 @@ struct NotesPlannerContext {
     // Shows a planner or notes file in its window; set by the main window's side.
     std::function<void(const QString& path)> openExternalPlanner;
     std::function<void(const QString& path)> openExternalNotes;
-    // Hands an exported file to the contact list to be sent on, once that exists.
+    // Hands an exported file to the contact list to be sent on.
     std::function<void(const QString& path)> assignFile;
+    // Told the text of a planner page copied to memory, which the contact list can paste into
+    // a message.
+    std::function<void(const QString& text)> plannerCopied;
 
     // Makes sure date's year is one of the two years in memory, selecting date when it is
     // not, so that a page or note kept open while the calendar moved on saves into its year.

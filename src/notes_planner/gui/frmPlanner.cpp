@@ -403,7 +403,10 @@ bool frmPlanner::SelectOccurrence(bool fromStart) {
 }
 
 void frmPlanner::CopyPlannerToMemory() {
-    services_.platform.SetClipboardText(PlannerClipboardText(page_->Page()));
+    const QString text = PlannerClipboardText(page_->Page());
+    services_.platform.SetClipboardText(text);
+    if (context_.plannerCopied)
+        context_.plannerCopied(text);
 }
 
 void frmPlanner::mnuFilePreview_Click() {

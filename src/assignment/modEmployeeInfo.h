@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class Services;
+
+inline const QString kEmployeeInfoFile = QStringLiteral("Employee Info.dat");
+// An older, shorter contact list: "name:address" a line. It is read only when there is no
+// "Employee Info.dat", and the first save turns it into one; it is never written.
+inline const QString kEmailListFile = QStringLiteral("Email_List.dat");
+
+// One person of the contact list: the three texts of a record.
+struct Contact {
+    QString name;
+    QString address;
+    QString note;
+
+    bool operator==(const Contact&) const = default;
+};
+
+// A record is a line "name:address:note". The name is also the name of the person's folder
+// on the share and the address an e-mail address, so neither holds ":"; the note, last on the
+// line, may. A line with fewer fields leaves the missing ones empty; an empty line is skipped.
+QList<Contact> ParseEmployeeInfo(const QStringList& lines);
+QString EmployeeInfoText(const QList<Contact>& people);
+
+// The people, kept sorted by name whatever the letters' case.
+class ContactList {
+public:
+    explicit ContactList(Services& services) : services_(services) {}
+
+    // Reads "Employee Info.dat" (or the older "Email_List.dat" when that is all there is); no
+    // file is an empty list. A failure is logged.
+    void ReadEmployeeInfo();
+    // Rewrites "Employee Info.dat" whole; an empty list leaves an empty file. False (after
+    // logging why) when the file could not be written.
+    bool SaveEmployeeInfo();
+
+    const QList<Contact>& People() const { return people_; }
+    // The index of the person called name (any letter case); -1 when there is none.
+    qsizetype Find(const QString& name) const;
+    // Adds person, or replaces the person of that name. Returns the person's index.
+    qsizetype Put(const Contact& person);
+    void Remove(qsizetype index);
+
+private:
+    void Sort();
+
+    Services& services_;
+    QList<Contact> people_;
+};
