@@ -8,7 +8,8 @@ ProgramState::ProgramState(const QString& dataFolder, Dialogs& dialogs, Clock& c
       planner(services, dates),
       holidays(services, dates),
       birthdays(services, dates),
-      unsaved(services) {
+      unsaved(services),
+      terms(services, prefs) {
     // Every store with a table per year reads both years again when the year on show changes.
     dates.AddYearStore(&marks);
     dates.AddYearStore(&notes);

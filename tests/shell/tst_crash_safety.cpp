@@ -34,6 +34,7 @@
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 #include "shell/UserPreferences.h"
+#include "terms/modFUT.h"
 
 namespace {
 
@@ -147,6 +148,15 @@ void SaveUnsavedWork(Folder& folder, int content) {
     work.Keep(EditorKind::Notes, edit);
 }
 
+void SaveTerms(Folder& folder, int content) {
+    UserPreferences prefs;
+    modFUT terms(folder.services, prefs);
+    QStringList list;
+    for (int i = 0; i < 200 + 50 * content; ++i)
+        list.append(QStringLiteral("Caf\u00e9 term %1 of list %2").arg(i).arg(content));
+    terms.SaveFrequentlyUsedTerms(list);
+}
+
 struct Store {
     const char* procedure;
     QString file;
@@ -163,6 +173,7 @@ const Store kStores[] = {
     {"KeepUnsavedWork", kTempRecordFile, {}, SaveUnsavedWork},
     {"DeleteNotes", "2026/Notes.dat", {}, DeleteNotes},
     {"SaveExternalPlanner", "Planners And Notes/Page.pln", {}, SaveExternalPlanner},
+    {"SaveFrequentlyUsedTerms", kDefaultTermFile, {}, SaveTerms},
 };
 
 const QByteArray kMissing = "<missing>";
