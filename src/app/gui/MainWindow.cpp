@@ -3,11 +3,14 @@
 #include "app/ProgramState.h"
 #include "calculators/gui/CalculatorMenus.h"
 #include "calendar/gui/CalendarMenus.h"
+#include "calendar/gui/CalendarView.h"
 #include "help/gui/HelpMenus.h"
 #include "holidays_birthdays/gui/HolidaysBirthdaysMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
 #include "reports/gui/ReportMenus.h"
 #include "shell/gui/ShellMenus.h"
+#include "terms/gui/TermBoxes.h"
+#include "terms/gui/TermMenus.h"
 
 MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     MainWindow window;
@@ -16,6 +19,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     auto* help = new HelpMenus(frame, state.help, state.services);
     auto* calendar =
         new CalendarMenus(frame, state.services, state.dates, state.markerColors, state.marks);
+    auto* terms = new TermMenus(frame, state.services, state.prefs, state.terms,
+                                [calendar]() -> QWidget* { return calendar->calendarView(); });
     const NotesPlannerContext context{frame,
                                       state.services,
                                       state.dates,
@@ -26,7 +31,9 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
                                       state.search,
                                       state.unsaved,
                                       printer,
-                                      {},
+                                      [terms](QWidget* box, int key) { terms->TermKey(box, key); },
+                                      [terms](QWidget* box) { terms->boxes().Attach(box); },
+                                      [terms] { terms->ShowTermWindow(); },
                                       {},
                                       {},
                                       {}};
@@ -39,12 +46,13 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     window.help = help;
     window.calendar = calendar;
     window.notesPlanner = notesPlanner;
+    window.terms = terms;
 
     // What the program reads at start-up, in this order: the help topics, the preferences,
     // the working date from today, the marker colours, both years' date holders and the
     // per-year stores, the birthdays, then the year's calendar and the month's tasks; last,
     // typing a session ended without saving is offered back.
-    frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner, holidaysBirthdays] {
+    frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner, holidaysBirthdays, terms] {
         help->LoadHelpTopics();
         state.prefs.GetUserPreferences(state.services);
         state.dates.SelectedDate = state.services.clock.today();
@@ -58,6 +66,7 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
         calendar->Show1YearCalendar();
         frame.ShowSelectedDate(state.dates.SelectedDate);
         notesPlanner->Refresh();
+        terms->ShowAtStart();
         notesPlanner->OfferUnsavedWork();
     });
     return window;

@@ -7,6 +7,7 @@
 class CalendarMenus;
 class HelpMenus;
 class NotesPlannerMenus;
+class TermMenus;
 class Printer;
 struct ProgramState;
 
@@ -17,6 +18,7 @@ struct MainWindow {
     CalendarMenus* calendar = nullptr;
     HelpMenus* help = nullptr;
     NotesPlannerMenus* notesPlanner = nullptr;
+    TermMenus* terms = nullptr;
 };
 
 // printer: where the program's printouts go.
