@@ -336,19 +336,22 @@ void frmFUT::DockThisWindow() {
     QWidget* area = frame->parentWidget();
     const QSize room = area ? area->size() : frame->size();
     const int width = std::max(kMinWidth, std::min(frame->width(), room.width() / 3));
-    const QRect place(room.width() - width, 0, width, std::max(kMinHeight, room.height()));
-    positioning_ = true;
-    frame->setGeometry(place);
-    positioning_ = false;
-    // The calendar gives up the strip the term window takes, so that neither hides the other.
+    QRect place(room.width() - width, 0, width, std::max(kMinHeight, room.height()));
+    // Beside a calendar window that leaves room at its right, as tall as the calendar; over the
+    // right edge of a calendar that fills the main window.
     QWidget* calendar = context_.calendar ? context_.calendar() : nullptr;
     auto* calendarFrame =
         calendar ? qobject_cast<QMdiSubWindow*>(calendar->parentWidget()) : nullptr;
-    if (!calendarFrame || calendarFrame->parentWidget() != area)
-        return;
-    if (calendarFrame->isMaximized() || calendarFrame->isMinimized())
-        calendarFrame->showNormal();
-    calendarFrame->setGeometry(0, 0, place.left(), room.height());
+    if (calendarFrame && calendarFrame->parentWidget() == area && !calendarFrame->isMaximized() &&
+        !calendarFrame->isMinimized()) {
+        const QRect beside = calendarFrame->geometry();
+        if (beside.right() + 1 + width <= room.width())
+            place = QRect(beside.right() + 1, beside.top(), width,
+                          std::max(kMinHeight, beside.height()));
+    }
+    positioning_ = true;
+    frame->setGeometry(place);
+    positioning_ = false;
 }
 
 void frmFUT::LoadPosition() {
