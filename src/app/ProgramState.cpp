@@ -11,7 +11,8 @@ ProgramState::ProgramState(const QString& dataFolder, Dialogs& dialogs, Clock& c
       unsaved(services),
       alerts(services),
       toDo(services),
-      contacts(services) {
+      contacts(services),
+      terms(services, prefs) {
     // Every store with a table per year reads both years again when the year on show changes.
     dates.AddYearStore(&marks);
     dates.AddYearStore(&notes);

@@ -16,6 +16,7 @@
 #include "shell/Prompts.h"
 #include "shell/Services.h"
 #include "shell/UserPreferences.h"
+#include "terms/modFUT.h"
 
 // The program-wide state: the data folder and seams, the working date fields with both years'
 // date holders, and one instance of each store. main() makes one; each test makes its own on a
@@ -39,4 +40,5 @@ struct ProgramState {
     AlertsStore alerts;
     ToDoStore toDo;
     ContactList contacts;
+    modFUT terms;
 };

@@ -38,6 +38,7 @@
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 #include "shell/UserPreferences.h"
+#include "terms/modFUT.h"
 
 namespace {
 
@@ -180,6 +181,15 @@ void SaveContacts(Folder& folder, int content) {
     contacts.SaveEmployeeInfo();
 }
 
+void SaveTerms(Folder& folder, int content) {
+    UserPreferences prefs;
+    modFUT terms(folder.services, prefs);
+    QStringList list;
+    for (int i = 0; i < 200 + 50 * content; ++i)
+        list.append(QStringLiteral("Caf\u00e9 term %1 of list %2").arg(i).arg(content));
+    terms.SaveFrequentlyUsedTerms(list);
+}
+
 struct Store {
     const char* procedure;
     QString file;
@@ -199,6 +209,7 @@ const Store kStores[] = {
     {"SaveAlerts", kAlertsFile, {}, SaveAlerts},
     {"SaveToDoList", kToDoFile, {}, SaveToDoList},
     {"SaveEmployeeInfo", kEmployeeInfoFile, {}, SaveContacts},
+    {"SaveFrequentlyUsedTerms", kDefaultTermFile, {}, SaveTerms},
 };
 
 const QByteArray kMissing = "<missing>";

@@ -4,6 +4,7 @@
 #include "assignment/gui/AssignmentMenus.h"
 #include "calculators/gui/CalculatorMenus.h"
 #include "calendar/gui/CalendarMenus.h"
+#include "calendar/gui/CalendarView.h"
 #include "help/gui/HelpMenus.h"
 #include "holidays_birthdays/gui/HolidaysBirthdaysMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
@@ -11,6 +12,8 @@
 #include "reminders/gui/RemindersMenus.h"
 #include "reports/gui/ReportMenus.h"
 #include "shell/gui/ShellMenus.h"
+#include "terms/gui/TermBoxes.h"
+#include "terms/gui/TermMenus.h"
 
 MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     MainWindow window;
@@ -20,6 +23,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     auto* calendar =
         new CalendarMenus(frame, state.services, state.dates, state.markerColors, state.marks);
     auto* assignment = new AssignmentMenus(frame, state.services, state.contacts, state.prefs);
+    auto* terms = new TermMenus(frame, state.services, state.prefs, state.terms,
+                                [calendar]() -> QWidget* { return calendar->calendarView(); });
     const NotesPlannerContext context{
         frame,
         state.services,
@@ -32,7 +37,9 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
         state.search,
         state.unsaved,
         printer,
-        {},
+        [terms](QWidget* box, int key) { terms->TermKey(box, key); },
+        [terms](QWidget* box) { terms->boxes().Attach(box); },
+        [terms] { terms->ShowTermWindow(); },
         {},
         {},
         [assignment](const QString& path) { assignment->AssignExport(path); },
@@ -55,14 +62,15 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     window.calendar = calendar;
     window.notesPlanner = notesPlanner;
     window.reminders = reminders;
+    window.terms = terms;
 
     // What the program reads at start-up, in this order: the help topics, the preferences,
     // the working date from today, the marker colours, both years' date holders and the
     // per-year stores, the alerts, the birthdays and the to-do list, then the year's calendar
-    // and the month's tasks; last, typing a session ended without saving is offered back, and
-    // what is due is announced on the desktop.
+    // and the month's tasks and the term window; last, typing a session ended without saving
+    // is offered back, and what is due is announced on the desktop.
     frame.SetLoadSteps(
-        [&state, &frame, help, calendar, notesPlanner, holidaysBirthdays, reminders] {
+        [&state, &frame, help, calendar, notesPlanner, holidaysBirthdays, reminders, terms] {
             help->LoadHelpTopics();
             state.prefs.GetUserPreferences(state.services);
             state.dates.SelectedDate = state.services.clock.today();
@@ -78,6 +86,7 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
             calendar->Show1YearCalendar();
             frame.ShowSelectedDate(state.dates.SelectedDate);
             notesPlanner->Refresh();
+            terms->ShowAtStart();
             notesPlanner->OfferUnsavedWork();
             reminders->tray().AnnounceDue();
         });

@@ -7,6 +7,7 @@
 class CalendarMenus;
 class HelpMenus;
 class NotesPlannerMenus;
+class TermMenus;
 class Printer;
 class RemindersMenus;
 struct ProgramState;
@@ -19,6 +20,7 @@ struct MainWindow {
     HelpMenus* help = nullptr;
     NotesPlannerMenus* notesPlanner = nullptr;
     RemindersMenus* reminders = nullptr;
+    TermMenus* terms = nullptr;
 };
 
 // printer: where the program's printouts go.

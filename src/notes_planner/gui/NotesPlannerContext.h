@@ -35,6 +35,10 @@ struct NotesPlannerContext {
     Printer& printer;
     // F2 and F3 in an editor's text: the frequently used terms take them when they exist.
     std::function<void(QWidget* box, int key)> termKey;
+    // Makes a text box take terms dropped on it and offer terms while the user types.
+    std::function<void(QWidget* box)> termBox;
+    // Opens the frequently used terms with their preferences.
+    std::function<void()> openTerms;
     // Shows a planner or notes file in its window; set by the main window's side.
     std::function<void(const QString& path)> openExternalPlanner;
     std::function<void(const QString& path)> openExternalNotes;

@@ -44,6 +44,8 @@ frmNotes::frmNotes(NotesPlannerContext& context)
     connect(txtNotes_, &QPlainTextEdit::textChanged, this, &frmNotes::txtNotes_Change);
     On(cmdPlanner_, &QPushButton::clicked, "cmdPlanner_Click", [this] { cmdPlanner_Click(); });
     setFocusProxy(txtNotes_);
+    if (context_.termBox)
+        context_.termBox(txtNotes_);
 }
 
 frmNotes::~frmNotes() {
@@ -74,7 +76,11 @@ void frmNotes::BuildMenus() {
         "mnuEditSearchAgain_Click", [this] { mnuEditSearchAgain_Click(); },
         QKeySequence(Qt::CTRL | Qt::Key_G));
     QMenu* pref = AddMenu(MenuBar(), QStringLiteral("&Preferences"), QStringLiteral("mnuPref"));
-    AddItem(pref, QStringLiteral("Adjust &FUT Preferences"), QStringLiteral("mnuPrefFut"));
+    AddCommand(pref, QStringLiteral("Adjust &FUT Preferences"), QStringLiteral("mnuPrefFut"),
+               "mnuPrefFut_Click", [this] {
+                   if (context_.openTerms)
+                       context_.openTerms();
+               });
 }
 
 bool frmNotes::ShowSelectedDate(bool askToRestore) {

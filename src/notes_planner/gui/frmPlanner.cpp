@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -59,6 +60,11 @@ frmPlanner::frmPlanner(NotesPlannerContext& context)
     });
     connect(page_, &PlannerPageView::caretMoved, this, &frmPlanner::ShowCaretPosition);
     setFocusProxy(page_->Box(0));
+    for (QLineEdit* box : page_->TabOrder()) {
+        box->installEventFilter(this);
+        if (context_.termBox)
+            context_.termBox(box);
+    }
 }
 
 frmPlanner::~frmPlanner() {
@@ -95,7 +101,11 @@ void frmPlanner::BuildMenus() {
     BuildEditMenu();
     BuildOptionsMenu();
     QMenu* pref = AddMenu(MenuBar(), QStringLiteral("&Preferences"), QStringLiteral("mnuPref"));
-    AddItem(pref, QStringLiteral("Adjust &FUT Preferences"), QStringLiteral("mnuPrefFut"));
+    AddCommand(pref, QStringLiteral("Adjust &FUT Preferences"), QStringLiteral("mnuPrefFut"),
+               "mnuPrefFut_Click", [this] {
+                   if (context_.openTerms)
+                       context_.openTerms();
+               });
     BuildToDoMenu();
     QAction* help = MenuBar()->addAction(QStringLiteral("&Help"));
     help->setObjectName(QStringLiteral("mnuHelp"));
@@ -469,4 +479,17 @@ void frmPlanner::mnuToDoClear_Click() {
         page_->SetDone(item, false);
     }
     tracker_->MarkChanged();
+}
+
+bool frmPlanner::eventFilter(QObject* watched, QEvent* event) {
+    // F2 and F3 in a line reach the frequently used terms.
+    if (event->type() == QEvent::KeyPress && context_.termKey) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        auto* box = qobject_cast<QLineEdit*>(watched);
+        if (box && (key == Qt::Key_F2 || key == Qt::Key_F3)) {
+            context_.termKey(box, key);
+            return true;
+        }
+    }
+    return ChildWindow::eventFilter(watched, event);
 }

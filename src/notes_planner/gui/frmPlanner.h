@@ -62,6 +62,7 @@ public:
 
 protected:
     bool Form_QueryUnload() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* BuildDayButtons();

@@ -1,0 +1,4 @@
+Acme, Inc.
+"Q3" review
+
+Café
