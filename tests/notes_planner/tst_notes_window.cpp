@@ -72,8 +72,15 @@ private slots:
         VERIFY_DIALOGS(f.env.dialogs);
         QCOMPARE(f.window.notesPlanner->notesWindow() != nullptr, open);
         QCOMPARE(f.env.exists("2026/Notes.dat") ? f.env.read("2026/Notes.dat") : "<none>", file);
-        if (open)
-            QCOMPARE(Text(*notes)->toPlainText(), "a\nz");
+        if (!open)
+            return;
+        // Opened again on its date, from the menu or the planner, it keeps what was typed.
+        f.window.notesPlanner->OpenNotes();
+        QCOMPARE(Text(*notes)->toPlainText(), "a\nz");
+        frmPlanner* planner = f.window.notesPlanner->OpenPlanner();
+        QTest::keyClicks(planner->page().Box(0), "kept");
+        f.window.notesPlanner->OpenPlanner();
+        QCOMPARE(planner->page().Box(0)->text(), "kept");
     }
 
     void noteOfNextYearSavesIntoNextYearAndOpensThePlanner() {

@@ -85,7 +85,11 @@ void frmNotes::BuildMenus() {
 
 bool frmNotes::ShowSelectedDate(bool askToRestore) {
     const QDate selected = context_.dates.SelectedDate;
-    if ((selected != date_ || IsExternal()) && !Form_QueryUnload())
+    const bool sameNote = selected == date_ && !IsExternal();
+    // The note on show is shown again only when nothing typed into it would be lost.
+    if (sameNote && tracker_->IsChanged())
+        return true;
+    if (!sameNote && !Form_QueryUnload())
         return false;
     const ShownNote shown = context_.notes.DisplayThisNote();
     ShowNote(selected, shown.caption, shown.text, QString(), askToRestore);

@@ -209,7 +209,13 @@ bool frmPlanner::ShowSelectedDate(bool askToRestore) {
 }
 
 bool frmPlanner::ShowDate(const QDate& date, bool askToRestore) {
-    if ((date != date_ || IsExternal()) && !Form_QueryUnload())
+    const bool samePage = date == date_ && !IsExternal();
+    // The page on show is shown again only when nothing typed into it would be lost.
+    if (samePage && tracker_->IsChanged()) {
+        context_.dates.SelectDate(date);
+        return true;
+    }
+    if (!samePage && !Form_QueryUnload())
         return false;
     context_.dates.SelectDate(date);
     const OpenedPage opened = context_.planner.OpenPlannerRecord();
