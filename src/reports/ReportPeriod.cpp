@@ -1,7 +1,6 @@
 #include "reports/ReportPeriod.h"
 
 #include "reports/ReportMessages.h"
-#include "shell/DateFormats.h"
 #include "shell/DateInput.h"
 
 namespace {
@@ -39,10 +38,4 @@ PeriodCheck CheckStartEnd(const QString& startText, const QString& endText, int 
     if (!start.isValid() || !end.isValid())
         return {{}, kInvalidDateMessage};
     return {{start, end}, {}};
-}
-
-QString StartEndText(const QString& monthName, const QString& day, const QString& year) {
-    const QString text = monthName + QLatin1Char(' ') + day + QStringLiteral(", ") + year;
-    const QDate date = ParseDateInput(text, year.toInt());
-    return date.isValid() ? datefmt::MmmDdYyyy(date) : text;
 }

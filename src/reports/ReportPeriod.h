@@ -24,8 +24,3 @@ struct PeriodCheck {
     QString refusal;
 };
 PeriodCheck CheckStartEnd(const QString& startText, const QString& endText, int nearYear);
-
-// A side of the start/end window: the date made of a month name, a day and a year as
-// "month day, year", shown as "mmm dd, yyyy"; the text as it was made when it is not a date
-// ("February 31, 2026"), so that the report refuses it.
-QString StartEndText(const QString& monthName, const QString& day, const QString& year);

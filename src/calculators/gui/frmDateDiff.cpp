@@ -9,11 +9,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <QComboBox>
 #include "calculators/CalculatorMessages.h"
 #include "calculators/DateDiff.h"
 #include "shell/DateFormats.h"
-#include "shell/DateInput.h"
 #include "shell/NumberFormat.h"
+#include "shell/gui/DateSidePicker.h"
 
 namespace {
 
@@ -32,21 +33,25 @@ constexpr Interval kIntervals[] = {
 // The years the lists offer; a year typed outside them joins its list.
 constexpr int kYearsEitherSide = 100;
 
-QComboBox* Combo(const QString& array, int side) {
-    auto* box = new QComboBox;
-    box->setObjectName(ArrayName(array, side));
-    return box;
-}
-
 }  // namespace
 
 frmDateDiff::frmDateDiff(Services& services, const QDate& start, const QDate& end)
     : ChildWindow(services, QString::fromLatin1(kName), kDateDiffCaption) {
+    const int thisYear = services.clock.today().year();
+    QList<int> years;
+    for (int year = thisYear - kYearsEitherSide; year <= thisYear + kYearsEitherSide; ++year)
+        years.append(year);
+    sides_ = {new DateSidePicker(kStart, QStringLiteral("Choose a Beginning Date"),
+                                 QStringLiteral("Start Date Below"), years, false),
+              new DateSidePicker(kEnd, QStringLiteral("Choose the Ending Date"),
+                                 QStringLiteral("End Date Below"), years, false)};
     auto* sides = new QHBoxLayout;
-    sides->addWidget(BuildSide(kStart, QStringLiteral("Choose a Beginning Date"),
-                               QStringLiteral("Start Date Below")));
-    sides->addWidget(BuildSide(kEnd, QStringLiteral("Choose the Ending Date"),
-                               QStringLiteral("End Date Below")));
+    for (DateSidePicker* side : sides_) {
+        sides->addWidget(side);
+        // A date typed is shown as the lists would show it once it is taken.
+        On(side, &DateSidePicker::typedDateTaken, "txtInput_LostFocus",
+           [this, side] { txtInput_LostFocus(int(sides_.indexOf(side))); });
+    }
 
     lblInterval_ = new QLabel;
     lblInterval_->setObjectName(QStringLiteral("lblInterval"));
@@ -83,10 +88,8 @@ frmDateDiff::frmDateDiff(Services& services, const QDate& start, const QDate& en
     layout->addLayout(answer);
     layout->addStretch();
 
-    const int thisYear = services.clock.today().year();
     for (const int side : {kStart, kEnd}) {
-        LoadComboBoxes(side, thisYear - kYearsEitherSide, thisYear + kYearsEitherSide);
-        txtInput_[side]->setText(datefmt::MmmDdYyyy(side == kStart ? start : end));
+        sides_[side]->input()->setText(datefmt::MmmDdYyyy(side == kStart ? start : end));
         txtInput_LostFocus(side);
     }
     for (const Interval& each : kIntervals)
@@ -100,92 +103,22 @@ frmDateDiff::frmDateDiff(Services& services, const QDate& start, const QDate& en
     // Stopping the calculator closes it, as Esc does.
     On(cmdStop, &QPushButton::clicked, "cmdStop_Click", [this] { CloseWindow(); });
     OnEnter("txtInput_KeyDown", [this] {
-        const int side = int(txtInput_.indexOf(focusWidget()));
-        if (side >= 0)
-            txtInput_LostFocus(side);
+        for (int side : {kStart, kEnd})
+            if (sides_[side]->input() == focusWidget())
+                txtInput_LostFocus(side);
         cmdDateDiff_Click();
     });
-    setFocusProxy(cmbMonth_[kStart]);
-}
-
-QWidget* frmDateDiff::BuildSide(int side, const QString& choose, const QString& below) {
-    cmbMonth_.append(Combo(QStringLiteral("cmbMonth"), side));
-    cmbDay_.append(Combo(QStringLiteral("cmbDay"), side));
-    cmbYear_.append(Combo(QStringLiteral("cmbYear"), side));
-    auto* input = new QLineEdit;
-    input->setObjectName(ArrayName(QStringLiteral("txtInput"), side));
-    input->setToolTip(QStringLiteral("Type a date, such as Mar 15, 2026 or 3/15/2026"));
-    input->installEventFilter(this);
-    txtInput_.append(input);
-
-    auto* panel = new QWidget;
-    auto* grid = new QGridLayout(panel);
-    auto* chooseLabel = new QLabel(choose);
-    chooseLabel->setBuddy(cmbMonth_[side]);
-    grid->addWidget(chooseLabel, 0, 0, 1, 3);
-    grid->addWidget(cmbMonth_[side], 1, 0);
-    grid->addWidget(cmbDay_[side], 1, 1);
-    grid->addWidget(cmbYear_[side], 1, 2);
-    grid->addWidget(new QLabel(below), 2, 0, 1, 3);
-    grid->addWidget(input, 3, 0, 1, 3);
-    On(cmbMonth_[side], &QComboBox::activated, "cmbMonth_Click",
-       [this, side] { ShowSideDate(side); });
-    On(cmbDay_[side], &QComboBox::activated, "cmbDay_Click", [this, side] { ShowSideDate(side); });
-    On(cmbYear_[side], &QComboBox::activated, "cmbYear_Click",
-       [this, side] { ShowSideDate(side); });
-    return panel;
-}
-
-void frmDateDiff::LoadComboBoxes(int side, int firstYear, int lastYear) {
-    for (int month = 1; month <= 12; ++month)
-        cmbMonth_[side]->addItem(datefmt::MonthName(month));
-    for (int day = 1; day <= 31; ++day)
-        cmbDay_[side]->addItem(QString::number(day));
-    for (int year = firstYear; year <= lastYear; ++year)
-        cmbYear_[side]->addItem(QString::number(year));
-}
-
-void frmDateDiff::ShowSideDate(int side) {
-    const QString picked = cmbMonth_[side]->currentText() + u' ' + cmbDay_[side]->currentText() +
-                           QStringLiteral(", ") + cmbYear_[side]->currentText();
-    const QDate date = ParseDateInput(picked, cmbYear_[side]->currentText().toInt());
-    // A day the month lacks (30 February) stays as picked, to be refused when calculating.
-    txtInput_[side]->setText(date.isValid() ? datefmt::MmmDdYyyy(date) : picked);
+    setFocusProxy(sides_[kStart]->monthList());
 }
 
 QDate frmDateDiff::SideDate(int side) const {
-    return ParseDateInput(txtInput_[side]->text(), cmbYear_[side]->currentText().toInt());
+    return sides_[side]->TypedDate();
 }
 
 void frmDateDiff::txtInput_LostFocus(int side) {
-    const QDate date = SideDate(side);
-    if (!date.isValid())
-        return;
-    cmbMonth_[side]->setCurrentIndex(date.month() - 1);
-    cmbDay_[side]->setCurrentIndex(date.day() - 1);
-    SelectYear(side, date.year());
-    txtInput_[side]->setText(datefmt::MmmDdYyyy(date));
-}
-
-void frmDateDiff::SelectYear(int side, int year) {
-    QComboBox* box = cmbYear_[side];
-    const QString text = QString::number(year);
-    int index = box->findText(text);
-    if (index < 0) {
-        // A year typed that the list lacks joins it, in order.
-        index = 0;
-        while (index < box->count() && box->itemText(index).toInt() < year)
-            ++index;
-        box->insertItem(index, text);
-    }
-    box->setCurrentIndex(index);
-}
-
-bool frmDateDiff::eventFilter(QObject* watched, QEvent* event) {
-    const int side = int(txtInput_.indexOf(watched));
-    if (side >= 0 && event->type() == QEvent::FocusOut)
-        services_.Trap("txtInput_LostFocus", [this, side] { txtInput_LostFocus(side); });
-    return ChildWindow::eventFilter(watched, event);
+    const QDate date = sides_[side]->TakeTypedDate();
+    if (date.isValid())
+        sides_[side]->input()->setText(datefmt::MmmDdYyyy(date));
 }
 
 void frmDateDiff::ChooseInterval(const QString& name, const QString& code) {

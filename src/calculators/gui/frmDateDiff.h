@@ -5,6 +5,7 @@
 
 #include "shell/gui/ChildWindow.h"
 
+class DateSidePicker;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -30,21 +31,12 @@ public:
     void cmdHelpInterval_Click();
 
 private:
-    QWidget* BuildSide(int side, const QString& choose, const QString& below);
-    void LoadComboBoxes(int side, int firstYear, int lastYear);
-    // A pick in one of a side's lists shows the side's date in its box.
-    void ShowSideDate(int side);
-    // The date typed into a side's box sets its lists.
+    // The date typed into a side's box sets its lists and is shown as they show it.
     void txtInput_LostFocus(int side);
-    void SelectYear(int side, int year);
     QDate SideDate(int side) const;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
     QString code_;
-    QList<QComboBox*> cmbMonth_;
-    QList<QComboBox*> cmbDay_;
-    QList<QComboBox*> cmbYear_;
-    QList<QLineEdit*> txtInput_;
+    QList<DateSidePicker*> sides_;
     QComboBox* cmbInterval_;
     QLabel* lblInterval_;
     QLineEdit* txtAnswer_;
