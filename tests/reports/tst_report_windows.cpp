@@ -232,6 +232,11 @@ private slots:
         QVERIFY(window->report().rows[0].marked);
 
         auto* rate = window->Control<QLineEdit>("txtRate");
+        rate->setText("-1");
+        f.env.dialogs.ExpectMsgBox(kBadRateMessage, kWarningStyle, "");
+        emit rate->editingFinished();
+        VERIFY_DIALOGS(f.env.dialogs);
+        QCOMPARE(rate->text(), "");
         rate->setText("0.5");
         emit rate->editingFinished();
         QCOMPARE(Text(window, "lblPaid", 1), "15.00");
