@@ -16,6 +16,7 @@
 #include "shell/Services.h"
 #include "shell/ShellMessages.h"
 #include "shell/UserPreferences.h"
+#include "shell/gui/Accessibility.h"
 #include "shell/gui/Icons.h"
 
 namespace {
@@ -27,6 +28,7 @@ constexpr int kMinuteMs = 60 * 1000;
 frmMain::frmMain(Services& services, ChangeFlags& changes, UserPreferences& prefs, QWidget* parent)
     : QMainWindow(parent), services_(services), changes_(changes), prefs_(prefs) {
     setObjectName(QStringLiteral("frmMain"));
+    AccessibleNaming::Install();
     setWindowTitle(QStringLiteral("Orvanta - Planner and Date Management"));
     setWindowIcon(icons::Orvanta());
     BuildPanels();
