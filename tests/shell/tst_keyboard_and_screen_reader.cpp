@@ -9,6 +9,7 @@
 #include <QTextEdit>
 
 #include "MainWindowFixture.h"
+#include "calendar/gui/CalendarView.h"
 #include "shell/gui/Accessibility.h"
 
 namespace {
@@ -84,7 +85,7 @@ class KeyboardAndScreenReaderTest : public QObject {
 private slots:
     void init() {
         f = std::make_unique<MainWindowFixture>();
-        f->env.write("Holidays/2026Holidays.dat", "01/01/26:000400:New Year's Day\r\n");
+        f->env.write("Holidays/2026Holidays.dat", "01/01/26:New Year's Day\r\n");
         f->Start();
         QApplication::setActiveWindow(&f->frame());
     }
@@ -112,6 +113,14 @@ private slots:
         for (QWidget* control : FocusableControls(&f->frame()))
             if (!f->frame().mdiArea()->isAncestorOf(control))
                 QVERIFY2(!AccessibleNameOf(control).isEmpty(), qPrintable(Describe(control)));
+    }
+
+    void calendarTellsWhatTheSelectedDayHolds() {
+        CalendarView* view = f->calendar().calendarView();
+        f->env.state->dates.SelectDate(QDate(2026, 1, 1));
+        QCOMPARE(view->accessibleDescription(), "Thursday, January 1, 2026. New Year's Day.");
+        f->env.state->dates.SelectDate(QDate(2026, 1, 2));
+        QCOMPARE(view->accessibleDescription(), "Friday, January 2, 2026.");
     }
 
     void namesComeFromLabelsTooltipsOrControlNames_data() {

@@ -3,6 +3,7 @@
 // the views.
 #include "calendar/gui/CalendarMenus.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QListWidget>
 #include <QMenu>
@@ -10,6 +11,7 @@
 
 #include "calendar/DateActions.h"
 #include "calendar/DateModel.h"
+#include "calendar/DayDescription.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/gui/CalendarView.h"
 #include "calendar/gui/MarkerSwatch.h"
@@ -56,6 +58,7 @@ CalendarMenus::CalendarMenus(frmMain& frame, Services& services, DateModel& date
             look.todayColor = colors_.Color(MarkerColors::kTodaysDate);
     });
     connect(&marks_, &DateMarks::marksRead, this, &CalendarMenus::RedrawCalendar);
+    connect(&dates_, &DateModel::selectedDateChanged, this, &CalendarMenus::DescribeSelectedDay);
     connect(&frame_, &frmMain::todayChanged, this, [this](const QDate& today) {
         today_ = today;
         RedrawCalendar();
@@ -124,6 +127,7 @@ void CalendarMenus::ShowCalendar(ViewKind kind) {
         connect(created, &CalendarView::contextMenuAt, this,
                 [this](const QDate&, const QPoint& at) { DateOptionsMenu()->popup(at); });
         connect(created, &CalendarView::dateActivated, this, &CalendarMenus::dayActivated);
+        created->setAccessibleName(QStringLiteral("Calendar"));
         return created;
     }));
     view->SetViewKind(kind);
@@ -131,6 +135,7 @@ void CalendarMenus::ShowCalendar(ViewKind kind) {
     if (QWidget* sub = view->parentWidget(); sub && !sub->isMaximized())
         sub->showMaximized();
     view->setFocus();
+    DescribeSelectedDay();
 }
 
 void CalendarMenus::Show1MonthCalendar() {
@@ -148,6 +153,25 @@ void CalendarMenus::Show1YearCalendar() {
 void CalendarMenus::RedrawCalendar() {
     if (CalendarView* view = calendarView())
         view->update();
+    DescribeSelectedDay();
+}
+
+void CalendarMenus::DescribeSelectedDay() {
+    CalendarView* view = calendarView();
+    if (!view)
+        return;
+    const QDate date = dates_.SelectedDate;
+    const DayLook look = LookOf(date);
+    const int category = look.markColor ? colors_.IndexOfColor(*look.markColor) : -1;
+    const QString description =
+        DayDescription(date, look, category < 0 ? QString() : colors_.Caption(category));
+    if (view->accessibleDescription() == description)
+        return;
+    view->setAccessibleDescription(description);
+    if (QAccessible::isActive()) {
+        QAccessibleEvent changed(view, QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&changed);
+    }
 }
 
 void CalendarMenus::RedrawViewOfKind(ViewKind kind) {

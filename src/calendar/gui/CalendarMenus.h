@@ -40,6 +40,8 @@ public:
     CalendarView* calendarView() const;
     // Repaints the calendar on show after something it shows has changed.
     void RedrawCalendar();
+    // Tells assistive technology what the selected day holds, as the view's description.
+    void DescribeSelectedDay();
     // How every calendar view shows a day: each decorator adds what its store knows.
     void AddDayDecorator(DayDecorator decorator);
     DayLook LookOf(const QDate& date) const;
