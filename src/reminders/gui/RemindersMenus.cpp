@@ -18,6 +18,7 @@
 #include "shell/DateFormats.h"
 #include "shell/FixedWidth.h"
 #include "shell/Services.h"
+#include "shell/gui/Colors.h"
 #include "shell/gui/Icons.h"
 #include "shell/gui/frmMain.h"
 
@@ -141,8 +142,11 @@ void RemindersMenus::ShowAlerts(bool fileFound) {
 
 void RemindersMenus::PaintIndicator(bool pending) {
     QPalette palette;
-    if (pending)
+    if (pending) {
+        // The caption keeps its contrast on the bright button whatever the desktop's colours.
         palette.setColor(QPalette::Button, kPendingColor);
+        palette.setColor(QPalette::ButtonText, InkOn(kPendingColor));
+    }
     cmdAlert_->setPalette(palette);
     const int picture = pending ? 2 : 1;
     imgAlert_->setPixmap(
