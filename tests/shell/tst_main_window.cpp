@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QSet>
 #include <QSignalSpy>
@@ -41,6 +42,22 @@ private slots:
         if (f)
             VERIFY_DIALOGS(f->env.dialogs);
         f.reset();
+    }
+
+    void everyMenuItemCanBeChosen() {
+        QStringList disabled;
+        const std::function<void(const QList<QAction*>&)> walk = [&](const QList<QAction*>& items) {
+            for (QAction* item : items) {
+                if (item->isSeparator())
+                    continue;
+                if (!item->isEnabled())
+                    disabled << item->objectName();
+                if (item->menu())
+                    walk(item->menu()->actions());
+            }
+        };
+        walk(f->frame().menuBar()->actions());
+        QVERIFY2(disabled.isEmpty(), qPrintable(disabled.join(", ")));
     }
 
     void controlsAndMenuItemsHaveUniqueNames() {
