@@ -38,6 +38,9 @@ public:
     void ReDrawDateMarks() override;
 
     CalendarView* calendarView() const;
+    // Day numbers of the one-month view small in their cell's corner (kept for a view opened
+    // later).
+    void SetNumbersOffset(bool on);
     // Repaints the calendar on show after something it shows has changed.
     void RedrawCalendar();
     // How every calendar view shows a day: each decorator adds what its store knows.
@@ -74,4 +77,5 @@ private:
     // The day painted in the "Today's Date" colour, moved on at midnight.
     QDate today_;
     QList<DayDecorator> decorators_;
+    bool numbersOffset_ = false;
 };
