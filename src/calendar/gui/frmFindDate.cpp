@@ -8,6 +8,7 @@
 
 #include "calendar/CalendarMessages.h"
 #include "calendar/DateModel.h"
+#include "shell/DateFormats.h"
 #include "shell/DateInput.h"
 #include "shell/ShellMessages.h"
 
@@ -43,6 +44,9 @@ frmFindDate::frmFindDate(Services& services, const DateModel& dates, int firstYe
     On(cmdCancel, &QPushButton::clicked, "cmdCancel_Click", [this] { CloseWindow(); });
     OnEnter("txtDate_KeyDown", [this] { cmdFind_Click(); });
     setFocusProxy(txtDate_);
+    // The selected date to start from, selected so that typing replaces it.
+    txtDate_->setText(datefmt::ShortDate(dates_.SelectedDate));
+    txtDate_->selectAll();
 }
 
 void frmFindDate::cmdFind_Click() {
