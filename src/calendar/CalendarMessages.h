@@ -40,3 +40,16 @@ inline const QString kCaptionLineBreakMessage =
     QStringLiteral("A mark caption must fit on one line.");
 inline const QString kMarkedDaysKeepColourNote =
     QStringLiteral("Days already marked keep the colour they were marked with.");
+
+inline const QString kFindDateCaption = QStringLiteral("Find a Date");
+inline const QString kFindDatePrompt = QStringLiteral("&Date to find:");
+inline const QString kFindDateNotRecognized = QStringLiteral(
+    "This is not a date. Please type a date such as 9/7/2026, 09/07/26, Sep 7, 2026 or "
+    "2026-09-07.");
+inline QString FindDateOutOfRange(int firstYear, int lastYear) {
+    return QStringLiteral(
+               "The calendar shows the years %1 to %2. Please type a date in those "
+               "years.")
+        .arg(firstYear)
+        .arg(lastYear);
+}

@@ -32,6 +32,10 @@ inline const QString NetworkShareDrive = QStringLiteral("Network Share Drive:");
 inline const QString MainWindowPosition = QStringLiteral("Main Window Position:");
 // What a mile is paid in the mileage report, a number such as 0.70; empty when nothing is paid.
 inline const QString MileageRate = QStringLiteral("Mileage Rate:");
+// The time of day shown in the main window's status bar: -1 shown, 0 (or empty) not.
+inline const QString ShowTimeOfDay = QStringLiteral("Show Time of Day:");
+// The one-month calendar's day numbers small in their cell's corner: -1 yes, 0 (or empty) no.
+inline const QString ShowNumbersOffset = QStringLiteral("Show Numbers Offset:");
 
 // Every key the program knows, in the order a new file lists them.
 const QStringList& All();

@@ -4,7 +4,9 @@
 #include "assignment/gui/AssignmentMenus.h"
 #include "calculators/gui/CalculatorMenus.h"
 #include "calendar/gui/CalendarMenus.h"
+#include "calendar/gui/CalendarOptionMenus.h"
 #include "calendar/gui/CalendarView.h"
+#include "decorations/gui/CalendarPrintMenus.h"
 #include "help/gui/HelpMenus.h"
 #include "holidays_birthdays/gui/HolidaysBirthdaysMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
@@ -12,6 +14,7 @@
 #include "reminders/gui/RemindersMenus.h"
 #include "reports/gui/ReportMenus.h"
 #include "shell/gui/ShellMenus.h"
+#include "shell/gui/TimeOfDay.h"
 #include "terms/gui/TermBoxes.h"
 #include "terms/gui/TermMenus.h"
 
@@ -49,6 +52,16 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
         {frame, state.services, state.dates, state.holidays, state.birthdays, *calendar});
     new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
     new ShellMenus(frame, state.services, state.prefs);
+    new CalendarPrintMenus(frame, state.services, state.dates, *calendar, state.markerColors,
+                           printer);
+    auto* calendarOptions =
+        new CalendarOptionMenus(frame, state.services, state.dates, state.prefs, *calendar);
+    auto* timeOfDay = new TimeOfDay(frame, state.services, state.prefs);
+    // The clock and the day numbers as the preferences left them.
+    const auto showSaved = [calendarOptions, timeOfDay] {
+        calendarOptions->ShowAtStart();
+        timeOfDay->ShowAtStart();
+    };
     new CalculatorMenus(frame, state.services, state.dates);
     auto* reminders =
         new RemindersMenus(frame, state.services, state.dates, state.alerts, state.toDo, printer);
@@ -69,26 +82,27 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     // per-year stores, the alerts, the birthdays and the to-do list, then the year's calendar
     // and the month's tasks and the term window; last, typing a session ended without saving
     // is offered back, and what is due is announced on the desktop.
-    frame.SetLoadSteps(
-        [&state, &frame, help, calendar, notesPlanner, holidaysBirthdays, reminders, terms] {
-            help->LoadHelpTopics();
-            state.prefs.GetUserPreferences(state.services);
-            state.dates.SelectedDate = state.services.clock.today();
-            state.dates.SetYearBounds();
-            calendar->ReadMarkerColors();
-            state.dates.AssignThisYearsDateHolders();
-            state.dates.AssignNextYearsDateholders();
-            state.dates.ReadYearStores();
-            state.alerts.ReadAlerts();
-            state.birthdays.ReadBirthdays();
-            holidaysBirthdays->ShowHoliday();
-            state.toDo.ReadToDoList();
-            calendar->Show1YearCalendar();
-            frame.ShowSelectedDate(state.dates.SelectedDate);
-            notesPlanner->Refresh();
-            terms->ShowAtStart();
-            notesPlanner->OfferUnsavedWork();
-            reminders->tray().AnnounceDue();
-        });
+    frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner, holidaysBirthdays, reminders,
+                        terms, showSaved] {
+        help->LoadHelpTopics();
+        state.prefs.GetUserPreferences(state.services);
+        showSaved();
+        state.dates.SelectedDate = state.services.clock.today();
+        state.dates.SetYearBounds();
+        calendar->ReadMarkerColors();
+        state.dates.AssignThisYearsDateHolders();
+        state.dates.AssignNextYearsDateholders();
+        state.dates.ReadYearStores();
+        state.alerts.ReadAlerts();
+        state.birthdays.ReadBirthdays();
+        holidaysBirthdays->ShowHoliday();
+        state.toDo.ReadToDoList();
+        calendar->Show1YearCalendar();
+        frame.ShowSelectedDate(state.dates.SelectedDate);
+        notesPlanner->Refresh();
+        terms->ShowAtStart();
+        notesPlanner->OfferUnsavedWork();
+        reminders->tray().AnnounceDue();
+    });
     return window;
 }

@@ -115,6 +115,12 @@ CalendarView* CalendarMenus::calendarView() const {
     return qobject_cast<CalendarView*>(frame_.ChildWindow(kCalendarWindow));
 }
 
+void CalendarMenus::SetNumbersOffset(bool on) {
+    numbersOffset_ = on;
+    if (CalendarView* view = calendarView())
+        view->SetNumbersOffset(on);
+}
+
 ViewKind CalendarMenus::ViewOnShow() const {
     const CalendarView* view = calendarView();
     return view ? view->Kind() : ViewKind::None;
@@ -131,6 +137,7 @@ void CalendarMenus::ShowCalendar(ViewKind kind) {
         return created;
     }));
     view->SetViewKind(kind);
+    view->SetNumbersOffset(numbersOffset_);
     view->setWindowTitle(CaptionOf(kind));
     if (QWidget* sub = view->parentWidget(); sub && !sub->isMaximized())
         sub->showMaximized();

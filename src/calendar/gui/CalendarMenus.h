@@ -38,6 +38,9 @@ public:
     void ReDrawDateMarks() override;
 
     CalendarView* calendarView() const;
+    // Day numbers of the one-month view small in their cell's corner (kept for a view opened
+    // later).
+    void SetNumbersOffset(bool on);
     // Repaints the calendar on show after something it shows has changed.
     void RedrawCalendar();
     // Tells assistive technology what the selected day holds, as the view's description.
@@ -76,4 +79,5 @@ private:
     // The day painted in the "Today's Date" colour, moved on at midnight.
     QDate today_;
     QList<DayDecorator> decorators_;
+    bool numbersOffset_ = false;
 };

@@ -57,6 +57,11 @@ void CalendarView::SetViewKind(ViewKind kind) {
     update();
 }
 
+void CalendarView::SetNumbersOffset(bool on) {
+    numbersOffset_ = on;
+    update();
+}
+
 void CalendarView::ScrollTo(const QDate& date) {
     firstShown_ = FirstOfMonth(date);
     update();
@@ -263,7 +268,8 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
     }
 
     QFont dayFont = font();
-    dayFont.setPointSizeF(font().pointSizeF() * (Large() ? 1.2 : 0.85));
+    const double numberScale = !Large() ? 0.85 : numbersOffset_ ? 0.9 : 1.4;
+    dayFont.setPointSizeF(font().pointSizeF() * numberScale);
     dayFont.setBold(Large() || date == today_);
     painter.setFont(dayFont);
     painter.setPen(ink);
@@ -271,11 +277,15 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
     const int numberHeight = QFontMetrics(dayFont).height();
     const bool named = !Large() && !look.captions.isEmpty();
     const bool room = named && cell.height() >= numberHeight + QFontMetrics(TinyFont()).height();
-    const Qt::Alignment numberAlignment = Large() ? Qt::AlignLeft | Qt::AlignTop
-                                          : room  ? Qt::AlignHCenter | Qt::AlignTop
-                                                  : Qt::AlignCenter;
-    painter.drawText(room ? cell.adjusted(0, 1, 0, 0) : inner, numberAlignment,
-                     QString::number(date.day()));
+    const Qt::Alignment numberAlignment =
+        Large() ? (numbersOffset_ ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignTop
+        : room  ? Qt::AlignHCenter | Qt::AlignTop
+                : Qt::AlignCenter;
+    // The offset number stands beside the notes flag of the corner, not on it.
+    const QRect numberBox = room                        ? cell.adjusted(0, 1, 0, 0)
+                            : Large() && numbersOffset_ ? inner.adjusted(10, 0, 0, 0)
+                                                        : inner;
+    painter.drawText(numberBox, numberAlignment, QString::number(date.day()));
     PaintIndicators(painter, cell, look);
     if (Large()) {
         painter.setPen(ink);

@@ -28,6 +28,10 @@ public:
 
     void SetViewKind(ViewKind kind);
     ViewKind Kind() const { return kind_; }
+    // On the one-month sheet, day numbers small in their cell's top left corner, leaving
+    // more of the cell to its texts; otherwise large and centred at the top.
+    void SetNumbersOffset(bool on);
+    bool NumbersOffset() const { return numbersOffset_; }
     // Makes the month of date the first sheet of the six-month view.
     void ScrollTo(const QDate& date);
 
@@ -82,6 +86,7 @@ private:
     const Clock& clock_;
     std::function<DayLook(const QDate&)> lookOf_;
     ViewKind kind_ = ViewKind::OneYear;
+    bool numbersOffset_ = false;
     // The month of the first sheet of the six-month view.
     QDate firstShown_;
     // Today, asked of the clock once per paint.

@@ -214,6 +214,11 @@ void PageWriter::TextAt(QPointF positionMm, const QString& text) {
         text);
 }
 
+QRectF PageWriter::FreeArea() {
+    Begin();
+    return QRectF(0, y_, device_.width(), Bottom() - y_);
+}
+
 void PageWriter::Blank() {
     Begin();
     const qreal height = LineHeight(font_);
@@ -258,50 +263,58 @@ bool PrintOn(QPrinter& printer, const QString& title, const Printer::Document& d
 
 }  // namespace
 
-bool PdfPrinter::Write(const QString& path, const QString& title, const Document& document) {
+bool PdfPrinter::Write(const QString& path, const QString& title, const Document& document,
+                       Orientation orientation) {
     QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(orientation);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(path);
     return PrintOn(printer, title, document);
 }
 
-bool PdfPrinter::Print(const QString& title, const Document& document) {
+bool PdfPrinter::PrintPages(const QString& title, const Document& document,
+                            Orientation orientation) {
     const QString name = SafeFileName(title);
     QString path = QDir(folder_).filePath(name + QStringLiteral(".pdf"));
     for (int number = 2; QFileInfo::exists(path); ++number)
         path = QDir(folder_).filePath(QStringLiteral("%1 (%2).pdf").arg(name).arg(number));
-    if (!Write(path, title, document))
+    if (!Write(path, title, document, orientation))
         return false;
     files_.append(path);
     return true;
 }
 
-bool DesktopPrinter::SaveAsPdf(const QString& title, const Document& document) {
+bool DesktopPrinter::SaveAsPdf(const QString& title, const Document& document,
+                               Orientation orientation) {
     dialogs_.MsgBox(kNoPrinterMessage, kWarningStyle);
     QString path = dialogs_.SaveFileName(kSaveAsPdfCaption, QDir::homePath(), kPdfFilter);
     if (path.isEmpty())
         return false;
     if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
         path += QStringLiteral(".pdf");
-    return PdfPrinter::Write(path, title, document);
+    return PdfPrinter::Write(path, title, document, orientation);
 }
 
-bool DesktopPrinter::Print(const QString& title, const Document& document) {
+bool DesktopPrinter::PrintPages(const QString& title, const Document& document,
+                                Orientation orientation) {
     if (!platform_.PrinterPresent())
-        return SaveAsPdf(title, document);
+        return SaveAsPdf(title, document, orientation);
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(title);
+    printer.setPageOrientation(orientation);
     QPrintDialog dialog(&printer, parent_);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     return PrintOn(printer, title, document);
 }
 
-bool DesktopPrinter::Preview(const QString& title, const Document& document) {
+bool DesktopPrinter::PreviewPages(const QString& title, const Document& document,
+                                  Orientation orientation) {
     if (!platform_.PrinterPresent())
-        return SaveAsPdf(title, document);
+        return SaveAsPdf(title, document, orientation);
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(title);
+    printer.setPageOrientation(orientation);
     QPrintPreviewDialog preview(&printer, parent_);
     preview.setWindowTitle(title);
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,

@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QList>
+#include <QPageLayout>
 #include <QPainter>
 #include <QPointF>
 #include <QString>
@@ -73,8 +74,15 @@ public:
     // Pages begun so far (at least 1).
     int PageCount() const { return page_; }
 
-private:
+    // For a document that draws rather than writes lines (a calendar sheet): begins the page
+    // if needed and returns the room left on it under what is written so far, in device
+    // pixels, to be painted with Painter(). Drawing there does not move the flow of lines.
+    QRectF FreeArea();
+    QPainter& Painter() { return painter_; }
+    // A length in millimetres as device pixels.
     qreal Px(qreal mm) const;
+
+private:
     qreal LineHeight(const QFont& font) const;
     // The bottom of the space lines may use: above the page number when there is one.
     qreal Bottom() const;
@@ -103,15 +111,29 @@ private:
 
 // Where the program's printouts go. A document is a function that writes on a PageWriter, so
 // a preview can lay it out again whenever it repaints.
+// A document prints upright unless it asks for its pages to lie on their side.
 class Printer {
 public:
     using Document = std::function<void(PageWriter&)>;
+    using Orientation = QPageLayout::Orientation;
 
     virtual ~Printer() = default;
     // Prints the document titled title; false when nothing was printed (cancelled or failed).
-    virtual bool Print(const QString& title, const Document& document) = 0;
+    bool Print(const QString& title, const Document& document,
+               Orientation orientation = QPageLayout::Portrait) {
+        return PrintPages(title, document, orientation);
+    }
     // Shows the document before printing it.
-    virtual bool Preview(const QString& title, const Document& document) = 0;
+    bool Preview(const QString& title, const Document& document,
+                 Orientation orientation = QPageLayout::Portrait) {
+        return PreviewPages(title, document, orientation);
+    }
+
+protected:
+    virtual bool PrintPages(const QString& title, const Document& document,
+                            Orientation orientation) = 0;
+    virtual bool PreviewPages(const QString& title, const Document& document,
+                              Orientation orientation) = 0;
 };
 
 // Prints to the default printer through the print and preview dialogs. Without any printer it
@@ -121,11 +143,12 @@ public:
     DesktopPrinter(Dialogs& dialogs, Platform& platform, QWidget* parent = nullptr)
         : dialogs_(dialogs), platform_(platform), parent_(parent) {}
 
-    bool Print(const QString& title, const Document& document) override;
-    bool Preview(const QString& title, const Document& document) override;
-
 private:
-    bool SaveAsPdf(const QString& title, const Document& document);
+    bool PrintPages(const QString& title, const Document& document,
+                    Orientation orientation) override;
+    bool PreviewPages(const QString& title, const Document& document,
+                      Orientation orientation) override;
+    bool SaveAsPdf(const QString& title, const Document& document, Orientation orientation);
 
     Dialogs& dialogs_;
     Platform& platform_;
@@ -139,17 +162,21 @@ class PdfPrinter final : public Printer {
 public:
     explicit PdfPrinter(const QString& folder) : folder_(folder) {}
 
-    bool Print(const QString& title, const Document& document) override;
-    bool Preview(const QString& title, const Document& document) override {
-        return Print(title, document);
-    }
     // The files written so far, in order.
     const QStringList& files() const { return files_; }
 
     // Writes document to the PDF file at path (replacing it).
-    static bool Write(const QString& path, const QString& title, const Document& document);
+    static bool Write(const QString& path, const QString& title, const Document& document,
+                      Orientation orientation = QPageLayout::Portrait);
 
 private:
+    bool PrintPages(const QString& title, const Document& document,
+                    Orientation orientation) override;
+    bool PreviewPages(const QString& title, const Document& document,
+                      Orientation orientation) override {
+        return PrintPages(title, document, orientation);
+    }
+
     QString folder_;
     QStringList files_;
 };

@@ -25,6 +25,7 @@ void BuildFileMenu(QMenuBar* bar) {
             QStringLiteral("mnuFilePrintCalendar"));
     AddItem(file, QStringLiteral("Print 1 Month Calendar &Without Icons"),
             QStringLiteral("mnuFilePrintCalendarHideIcons"));
+    AddItem(file, QStringLiteral("Print &Year Calendar"), QStringLiteral("mnuFilePrintYear"));
     file->addSeparator();
     AddItem(file, QStringLiteral("Open External &Notes"), QStringLiteral("mnuFileOpenNotes"));
     AddItem(file, QStringLiteral("Open External &Planner"), QStringLiteral("mnuFileOpenPlanner"));
