@@ -62,6 +62,8 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Orvanta"));
     QApplication::setApplicationVersion(QStringLiteral(ORVANTA_VERSION));
+    // Ties the window to the installed menu entry (the task bar shows its name and icon).
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.orvanta.Orvanta"));
     QApplication::setWindowIcon(icons::Orvanta());
     QtDialogs dialogs;
     if (!QDir().mkpath(folder)) {
