@@ -3,8 +3,9 @@
 #   1. start-up from launch to the main window drawn (orvanta starting orvanta-window), on an
 #      empty data folder and on a full 30-year folder (every day a note, a full planner page
 #      and a mark; this year and next are among them, so both are read), against a bare Qt
-#      main window built beside it. hyperfine gives the wall time; the CPU time (user + system)
-#      is printed beside it, as it varies less on a busy machine.
+#      main window built beside it (and the same window showing one line of text, the floor
+#      of any window that draws text). hyperfine gives the wall time; the CPU time (user +
+#      system) is printed beside it, as it varies less on a busy machine.
 #   2. the peak memory (max RSS) of the program with two full years loaded (this year and
 #      next) against an empty folder, and that difference against the two years' file bytes.
 #
@@ -30,6 +31,7 @@ done
 
 hyperfine -N --warmup 3 --runs "${RUNS:-30}" --export-json "$work/times.json" \
     -n bare "$build/bench/bench_bare_window --exit-when-shown" \
+    -n text "$build/bench/bench_bare_window --text --exit-when-shown" \
     -n empty "$build/orvanta --data-dir $work/empty --exit-when-shown" \
     -n years30 "$build/orvanta --data-dir $work/years30 --exit-when-shown" >&2
 
@@ -47,13 +49,15 @@ year_bytes=$(cat "$work/years2"/{"$year","$((year + 1))"}/* "$work/years2"/*Mark
 python3 - "$work/times.json" "$rss_empty" "$rss_years" "$year_bytes" <<'PY'
 import json, sys
 results = {r["command"]: r for r in json.load(open(sys.argv[1]))["results"]}
-bare = results["bare"]
+bare, text = results["bare"], results["text"]
 cpu = lambda r: r["user"] + r["system"]
+print(f"one line of text in the bare window: {text['mean'] * 1000:.1f} ms, CPU {cpu(text) * 1000:.1f} ms")
 for name, label in (("empty", "empty folder"), ("years30", "30-year folder")):
     r = results[name]
     print(f"start-up, {label}: {r['mean'] * 1000:.1f} ms (bare Qt window {bare['mean'] * 1000:.1f} ms,"
           f" ratio {r['mean'] / bare['mean']:.2f}); CPU {cpu(r) * 1000:.1f} ms"
-          f" (bare {cpu(bare) * 1000:.1f} ms, ratio {cpu(r) / cpu(bare):.2f})")
+          f" (bare {cpu(bare) * 1000:.1f} ms, ratio {cpu(r) / cpu(bare):.2f});"
+          f" against the line of text {r['mean'] / text['mean']:.2f}")
 empty_kb, years_kb, file_bytes = map(int, sys.argv[2:5])
 extra = (years_kb - empty_kb) * 1024
 print(f"memory: max RSS {empty_kb / 1024:.1f} MB empty, {years_kb / 1024:.1f} MB with two full years;"
