@@ -4,6 +4,7 @@
 #
 #   ./build.sh run [orvanta options]   build and start the program
 #   ./build.sh test                    build (warnings are errors) and run every test
+#   ./build.sh package                 build the Debian package build/orvanta_<version>_amd64.deb
 #   ./build.sh sanitize                build with AddressSanitizer and UndefinedBehaviorSanitizer
 #                                      into build-asan and run every test there
 #   ./build.sh fuzz [seconds]          fuzz each data-file reader (fuzz/run.sh, default 20 s)
@@ -11,7 +12,8 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-qpa-plugins
-          libgl-dev pkgconf libical-dev xvfb xauth fonts-liberation poppler-utils)
+          libgl-dev pkgconf libical-dev xvfb xauth fonts-liberation poppler-utils
+          desktop-file-utils appstream)
 
 install_missing() {
     local missing=() package
@@ -56,6 +58,14 @@ case "$command" in
         cd build
         ctest --output-on-failure --parallel "$(nproc)"
         ;;
+    package)
+        # dpkg-shlibdeps (dpkg-dev) works out the package's Depends from the linked libraries.
+        PACKAGES+=(dpkg-dev)
+        install_missing
+        build build OFF
+        cd build
+        cpack -G DEB
+        ;;
     sanitize)
         install_missing
         build build-asan OFF -DORVANTA_SANITIZE=ON -DORVANTA_BENCH=OFF
@@ -71,7 +81,8 @@ case "$command" in
         exec fuzz/run.sh "$@"
         ;;
     *)
-        echo "usage: $0 run [orvanta options] | $0 test | $0 sanitize | $0 fuzz [seconds]" >&2
+        echo "usage: $0 run [orvanta options] | $0 test | $0 package | $0 sanitize |" \
+            "$0 fuzz [seconds]" >&2
         exit 2
         ;;
 esac

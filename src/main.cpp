@@ -1,9 +1,11 @@
 // orvanta: runs a command of the command line, or starts the windowed program. Commands need
 // only Qt's core library, so this program loads nothing of the window system and a command
 // such as "orvanta day 2026-03-07" starts in a few milliseconds. Without a command it hands
-// its arguments over to orvanta-window, which lies beside it.
+// its arguments over to orvanta-window, which lies beside it in the build folder and in the
+// program's libexec folder once installed.
 #include <unistd.h>
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <cerrno>
@@ -16,10 +18,19 @@ namespace {
 
 const char* const kWindowProgram = "orvanta-window";
 
+QByteArray WindowProgramPath() {
+    const QString folder =
+        QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).absolutePath();
+    const QString beside = folder + u'/' + QLatin1String(kWindowProgram);
+    if (QFileInfo::exists(beside))
+        return QFile::encodeName(beside);
+    return QFile::encodeName(QDir::cleanPath(folder +
+                                             QStringLiteral("/" ORVANTA_WINDOW_DIR_FROM_BIN "/") +
+                                             QLatin1String(kWindowProgram)));
+}
+
 int StartWindowProgram(char** argv) {
-    const QString self = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
-    const QByteArray path =
-        QFile::encodeName(QFileInfo(self).absolutePath() + u'/' + QLatin1String(kWindowProgram));
+    const QByteArray path = WindowProgramPath();
     argv[0] = const_cast<char*>(path.constData());
     ::execv(path.constData(), argv);
     std::fprintf(stderr, "orvanta: cannot start %s: %s\n", path.constData(), std::strerror(errno));

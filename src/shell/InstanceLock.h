@@ -13,6 +13,8 @@ public:
 
     // True when this process now holds the data folder.
     bool TryAcquire();
+    // Gives the data folder up before the process ends (it is given up on destruction too).
+    void Release() { lock_.reset(); }
 
     // Where the lock of a data folder is kept.
     static QString LockPathFor(const QString& appFolder);

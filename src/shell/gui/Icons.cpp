@@ -1,5 +1,6 @@
 #include "shell/gui/Icons.h"
 
+#include <QHash>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -51,20 +52,7 @@ QPixmap OrvantaSheet(int size) {
     return pixmap;
 }
 
-}  // namespace
-
-QIcon Orvanta() {
-    // Drawn once, at the sizes window frames and task bars ask for.
-    static const QIcon icon = [] {
-        QIcon sizes;
-        for (const int size : {16, 24, 32, 48, 64, 128})
-            sizes.addPixmap(OrvantaSheet(size));
-        return sizes;
-    }();
-    return icon;
-}
-
-QIcon CalendarPage(const QString& label) {
+QIcon DrawCalendarPage(const QString& label) {
     QPixmap pixmap = Blank();
     QPainter p(&pixmap);
     Page(p, QColor(200, 40, 40));
@@ -77,7 +65,7 @@ QIcon CalendarPage(const QString& label) {
     return QIcon(pixmap);
 }
 
-QIcon NotesPage() {
+QIcon DrawNotesPage() {
     QPixmap pixmap = Blank();
     QPainter p(&pixmap);
     Page(p, QColor(40, 140, 40));
@@ -87,7 +75,7 @@ QIcon NotesPage() {
     return QIcon(pixmap);
 }
 
-QIcon PlannerPage() {
+QIcon DrawPlannerPage() {
     QPixmap pixmap = Blank();
     QPainter p(&pixmap);
     Page(p, QColor(40, 70, 180));
@@ -98,7 +86,7 @@ QIcon PlannerPage() {
     return QIcon(pixmap);
 }
 
-QIcon AdvanceArrow() {
+QIcon DrawAdvanceArrow() {
     QPixmap pixmap = Blank();
     QPainter p(&pixmap);
     Page(p, QColor(200, 40, 40));
@@ -117,7 +105,7 @@ QIcon AdvanceArrow() {
     return QIcon(pixmap);
 }
 
-QPixmap Bell(bool active) {
+QPixmap DrawBell(bool active) {
     QPixmap pixmap = Blank(24);
     QPainter p(&pixmap);
     p.setRenderHint(QPainter::Antialiasing);
@@ -133,7 +121,7 @@ QPixmap Bell(bool active) {
     return pixmap;
 }
 
-QPixmap Cake(bool active) {
+QPixmap DrawCake(bool active) {
     QPixmap pixmap = Blank(24);
     QPainter p(&pixmap);
     p.setRenderHint(QPainter::Antialiasing);
@@ -145,7 +133,7 @@ QPixmap Cake(bool active) {
     return pixmap;
 }
 
-QIcon Help() {
+QIcon DrawHelp() {
     QPixmap pixmap = Blank(24);
     QPainter p(&pixmap);
     p.setRenderHint(QPainter::Antialiasing);
@@ -161,7 +149,7 @@ QIcon Help() {
     return QIcon(pixmap);
 }
 
-QPixmap CheckBox(bool checked) {
+QPixmap DrawCheckBox(bool checked) {
     QPixmap pixmap = Blank(16);
     QPainter p(&pixmap);
     p.setRenderHint(QPainter::Antialiasing);
@@ -174,6 +162,66 @@ QPixmap CheckBox(bool checked) {
         p.drawLine(QPointF(7, 11.5), QPointF(12.5, 4));
     }
     return pixmap;
+}
+
+// Each picture is drawn on first use and shared after that (pictures are implicitly shared),
+// so a panel that shows a row per day or per task does not draw the same picture for each row.
+// Each call site passes its own lambda, hence its own instance of the template and its own
+// picture.
+template <typename Draw>
+auto Once(Draw draw) {
+    static const auto picture = draw();
+    return picture;
+}
+
+}  // namespace
+
+QIcon Orvanta() {
+    // Drawn once, at the sizes window frames and task bars ask for.
+    static const QIcon icon = [] {
+        QIcon sizes;
+        for (const int size : {16, 24, 32, 48, 64, 128})
+            sizes.addPixmap(OrvantaSheet(size));
+        return sizes;
+    }();
+    return icon;
+}
+
+QIcon CalendarPage(const QString& label) {
+    static QHash<QString, QIcon> drawn;
+    auto found = drawn.constFind(label);
+    if (found == drawn.constEnd())
+        found = drawn.insert(label, DrawCalendarPage(label));
+    return *found;
+}
+
+QIcon NotesPage() {
+    return Once([] { return DrawNotesPage(); });
+}
+
+QIcon PlannerPage() {
+    return Once([] { return DrawPlannerPage(); });
+}
+
+QIcon AdvanceArrow() {
+    return Once([] { return DrawAdvanceArrow(); });
+}
+
+QPixmap Bell(bool active) {
+    return active ? Once([] { return DrawBell(true); }) : Once([] { return DrawBell(false); });
+}
+
+QPixmap Cake(bool active) {
+    return active ? Once([] { return DrawCake(true); }) : Once([] { return DrawCake(false); });
+}
+
+QIcon Help() {
+    return Once([] { return DrawHelp(); });
+}
+
+QPixmap CheckBox(bool checked) {
+    return checked ? Once([] { return DrawCheckBox(true); })
+                   : Once([] { return DrawCheckBox(false); });
 }
 
 }  // namespace icons

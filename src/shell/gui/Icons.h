@@ -3,7 +3,8 @@
 #include <QIcon>
 #include <QPixmap>
 
-// The pictures of the main window, drawn in code so that they scale and need no files.
+// The pictures of the main window, drawn in code so that they scale and need no files. Each is
+// drawn once, on first use, and shared after that.
 namespace icons {
 
 // The program's own icon: a calendar sheet with one marked day.
