@@ -1,6 +1,7 @@
 #include "app/gui/MainWindow.h"
 
 #include "app/ProgramState.h"
+#include "app/gui/frmUserOptions.h"
 #include "assignment/gui/AssignmentMenus.h"
 #include "calculators/gui/CalculatorMenus.h"
 #include "calendar/gui/CalendarMenus.h"
@@ -10,6 +11,7 @@
 #include "notes_planner/gui/NotesPlannerMenus.h"
 #include "reminders/gui/AlertTray.h"
 #include "reminders/gui/RemindersMenus.h"
+#include "reports/gui/BudgetMenus.h"
 #include "reports/gui/ReportMenus.h"
 #include "shell/gui/ShellMenus.h"
 #include "terms/gui/TermBoxes.h"
@@ -48,8 +50,11 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     auto* holidaysBirthdays = new HolidaysBirthdaysMenus(
         {frame, state.services, state.dates, state.holidays, state.birthdays, *calendar});
     new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
+    new BudgetMenus({frame, state.services, state.dates, state.planner, state.prefs, printer},
+                    state.budget);
     new ShellMenus(frame, state.services, state.prefs);
     new CalculatorMenus(frame, state.services, state.dates);
+    ConnectUserOptions(frame, state);
     auto* reminders =
         new RemindersMenus(frame, state.services, state.dates, state.alerts, state.toDo, printer);
     // The notification area also tells of the birthdays within their alert period.

@@ -231,6 +231,16 @@ void PageWriter::Rule() {
     y_ += height;
 }
 
+void PageWriter::Picture(qreal heightMm,
+                         const std::function<void(QPainter&, const QRectF&)>& paint) {
+    const qreal height = Px(heightMm);
+    Reserve(height);
+    painter_.save();
+    paint(painter_, QRectF(0, y_, device_.width(), height));
+    painter_.restore();
+    y_ += height;
+}
+
 namespace {
 
 // A title as a file name: no folder separators, wildcards or control characters, and no
@@ -286,10 +296,17 @@ bool DesktopPrinter::SaveAsPdf(const QString& title, const Document& document) {
     return PdfPrinter::Write(path, title, document);
 }
 
+void DesktopPrinter::SelectChosenPrinter(QPrinter& printer) const {
+    const QString name = chosen_ ? chosen_().trimmed() : QString();
+    if (!name.isEmpty() && platform_.PrinterNames().contains(name))
+        printer.setPrinterName(name);
+}
+
 bool DesktopPrinter::Print(const QString& title, const Document& document) {
     if (!platform_.PrinterPresent())
         return SaveAsPdf(title, document);
     QPrinter printer(QPrinter::HighResolution);
+    SelectChosenPrinter(printer);
     printer.setDocName(title);
     QPrintDialog dialog(&printer, parent_);
     if (dialog.exec() != QDialog::Accepted)
@@ -301,6 +318,7 @@ bool DesktopPrinter::Preview(const QString& title, const Document& document) {
     if (!platform_.PrinterPresent())
         return SaveAsPdf(title, document);
     QPrinter printer(QPrinter::HighResolution);
+    SelectChosenPrinter(printer);
     printer.setDocName(title);
     QPrintPreviewDialog preview(&printer, parent_);
     preview.setWindowTitle(title);
