@@ -55,6 +55,7 @@ QFormLayout* Group(QVBoxLayout* column, const QString& caption) {
     auto* box = new QGroupBox(caption);
     auto* form = new QFormLayout(box);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->setVerticalSpacing(4);
     column->addWidget(box);
     return form;
 }
@@ -80,7 +81,7 @@ frmUserOptions::frmUserOptions(Services& services, UserPreferences& prefs, const
         {prefkey::CompanyName, "&Name:", "txtCompanyName"},
         {prefkey::CompanyAddress1, "Address &1:", "txtCompanyAddress1"},
         {prefkey::CompanyAddress2, "Address &2:", "txtCompanyAddress2"},
-        {prefkey::CompanyCityStateZip, "City, State &Zip:", "txtCompanyCityStateZip"},
+        {prefkey::CompanyCityStateZip, "Cit&y, State Zip:", "txtCompanyCityStateZip"},
         {prefkey::CompanyPhone, "&Phone:", "txtCompanyPhone"},
         {prefkey::CompanyFax, "&Fax:", "txtCompanyFax"},
         {prefkey::CompanyWebsite, "&Website:", "txtCompanyWebsite"},
@@ -90,42 +91,46 @@ frmUserOptions::frmUserOptions(Services& services, UserPreferences& prefs, const
         AddField(company, text.key, QString::fromLatin1(text.caption),
                  TextBox(QString::fromLatin1(text.name)));
 
-    QFormLayout* sharing = Group(left, QStringLiteral("Sharing and printing"));
+    QFormLayout* reports = Group(left, QStringLiteral("Reports and calendar"));
+    AddField(reports, prefkey::MileageRate, QStringLiteral("&Mileage Rate:"),
+             TextBox(QStringLiteral("txtMileageRate")));
+    AddField(reports, prefkey::CalendarTimeZone, QStringLiteral("Calendar T&ime Zone:"),
+             TimeZoneList());
+    left->addStretch();
+
+    QFormLayout* sharing = Group(right, QStringLiteral("Sharing and printing"));
     auto* browse =
         Named(new QPushButton(QStringLiteral("&Browse...")), QStringLiteral("cmdBrowse"));
     On(browse, &QPushButton::clicked, "cmdBrowse_Click", [this] { cmdBrowse_Click(); });
     AddField(sharing, prefkey::SharedDirectory, QStringLiteral("Shared &Directory:"),
              TextBox(QStringLiteral("txtSharedDirectory")), browse);
-    AddField(sharing, prefkey::NetworkShareDrive, QStringLiteral("Network Share Dri&ve:"),
-             TextBox(QStringLiteral("txtNetworkShareDrive"), 1));
-    AddField(sharing, prefkey::DefaultPrinter, QStringLiteral("Default P&rinter:"), PrinterList());
+    QLineEdit* drive = TextBox(QStringLiteral("txtNetworkShareDrive"), 1);
+    drive->setFixedWidth(drive->fontMetrics().horizontalAdvance(QStringLiteral("WW")) + 16);
+    drive->setToolTip(QStringLiteral("One letter, such as d, e or f"));
+    AddField(sharing, prefkey::NetworkShareDrive, QStringLiteral("Network Share Dri&ve:"), drive);
+    AddField(sharing, prefkey::DefaultPrinter, QStringLiteral("Default Prin&ter:"), PrinterList());
 
     QFormLayout* termsGroup = Group(right, QStringLiteral("Frequently used terms"));
-    AddField(termsGroup, prefkey::FrequentTermsFile, QStringLiteral("&Term List:"),
+    AddField(termsGroup, prefkey::FrequentTermsFile, QStringLiteral("Term &List:"),
              TermFileList(terms));
     AddField(termsGroup, prefkey::AutoCompleteWord, {},
-             Named(new QCheckBox(QStringLiteral("&Auto-complete words from the terms")),
+             Named(new QCheckBox(QStringLiteral("A&uto-complete words from the terms")),
                    QStringLiteral("chkAutoCompleteWord")));
     auto* letters = Named(new QSpinBox, QStringLiteral("spnAutoStartPosition"));
     letters->setRange(1, kAutoStartMost);
     letters->setSuffix(QStringLiteral(" letters typed"));
-    AddField(termsGroup, prefkey::AutoStartPosition, QStringLiteral("Offer terms &after:"),
+    AddField(termsGroup, prefkey::AutoStartPosition, QStringLiteral("Start offering &after:"),
              letters);
     AddField(termsGroup, prefkey::ShowFut, {},
-             Named(new QCheckBox(QStringLiteral("&Show the term window at start")),
+             Named(new QCheckBox(QStringLiteral("S&how the term window at start")),
                    QStringLiteral("chkShowFUT")));
     AddField(termsGroup, prefkey::MinimizeFut, {},
-             Named(new QCheckBox(QStringLiteral("&Minimized at start")),
+             Named(new QCheckBox(QStringLiteral("Minimi&zed at start")),
                    QStringLiteral("chkMinimizeFUT")));
     AddField(termsGroup, prefkey::LoadFutPosition, {},
-             Named(new QCheckBox(QStringLiteral("&Open at its saved position")),
+             Named(new QCheckBox(QStringLiteral("Open at its &saved position")),
                    QStringLiteral("chkLoadFUTPosition")));
 
-    QFormLayout* reports = Group(right, QStringLiteral("Reports and calendar"));
-    AddField(reports, prefkey::MileageRate, QStringLiteral("Mileage &Rate:"),
-             TextBox(QStringLiteral("txtMileageRate")));
-    AddField(reports, prefkey::CalendarTimeZone, QStringLiteral("Calendar Time &Zone:"),
-             TimeZoneList());
     right->addStretch();
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
@@ -134,8 +139,8 @@ frmUserOptions::frmUserOptions(Services& services, UserPreferences& prefs, const
     On(buttons, &QDialogButtonBox::accepted, "cmdOK_Click", [this] { cmdOK_Click(); });
     On(buttons, &QDialogButtonBox::rejected, "cmdCancel_Click", [this] { CloseWindow(); });
     OnEnter("cmdOK_Click", [this] { cmdOK_Click(); });
-    layout->addWidget(buttons);
     layout->addStretch();
+    layout->addWidget(buttons);
     ShowValues();
 }
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "shell/NumberFormat.h"
 
@@ -37,23 +38,30 @@ void PaintBudgetChart(QPainter& painter, const QRectF& area, const BudgetFigures
     const QFontMetricsF metrics(painter.font(), painter.device());
     const qreal line = metrics.height();
     const qreal scaleWidth = metrics.horizontalAdvance(FormatThousands(top, 0)) + line / 2;
-    const QRectF plot(area.left() + scaleWidth, area.top() + line * 1.8,
-                      area.width() - scaleWidth - line / 2, area.height() - line * 3.2);
-    const auto yOf = [&](double value) { return plot.bottom() - plot.height() * value / top; };
 
-    // The key.
-    qreal x = plot.left();
-    const auto key = [&](const QColor& color, const QString& text) {
-        painter.fillRect(QRectF(x, area.top() + line * 0.2, line * 0.8, line * 0.8), color);
-        x += line;
+    // The key, on as many lines as the width needs.
+    const std::pair<QColor, QString> keys[] = {
+        {kBudgetColor, QStringLiteral("Budget")},
+        {kUnderColor, QStringLiteral("Spent within budget")},
+        {kOverColor, QStringLiteral("Spent over budget")},
+        {kNoBudgetColor, QStringLiteral("Spent, no budget")}};
+    qreal x = area.left() + scaleWidth;
+    qreal y = area.top() + line * 0.2;
+    for (const auto& [color, text] : keys) {
+        const qreal width = line + metrics.horizontalAdvance(text);
+        if (x + width > area.right() && x > area.left() + scaleWidth) {
+            x = area.left() + scaleWidth;
+            y += line * 1.2;
+        }
+        painter.fillRect(QRectF(x, y + line * 0.1, line * 0.8, line * 0.8), color);
         painter.setPen(Qt::black);
-        painter.drawText(QPointF(x, area.top() + line * 0.2 + metrics.ascent() * 0.85), text);
-        x += metrics.horizontalAdvance(text) + line;
-    };
-    key(kBudgetColor, QStringLiteral("Budget"));
-    key(kUnderColor, QStringLiteral("Spent, within budget"));
-    key(kOverColor, QStringLiteral("Spent, over budget"));
-    key(kNoBudgetColor, QStringLiteral("Spent, no budget"));
+        painter.drawText(QPointF(x + line, y + metrics.ascent()), text);
+        x += width + line;
+    }
+    const qreal plotTop = y + line * 1.8;
+    const QRectF plot(area.left() + scaleWidth, plotTop, area.width() - scaleWidth - line / 2,
+                      area.bottom() - plotTop - line * 1.4);
+    const auto yOf = [&](double value) { return plot.bottom() - plot.height() * value / top; };
 
     // The scale.
     for (double value = 0; value <= top + step / 2; value += step) {
@@ -78,9 +86,9 @@ void PaintBudgetChart(QPainter& painter, const QRectF& area, const BudgetFigures
             painter.fillRect(QRectF(left, yOf(*budget), bar, plot.bottom() - yOf(*budget)),
                              kBudgetColor);
         const double spent = figures.actual[m];
-        const QColor color = !figures.budget[m]           ? kNoBudgetColor
-                             : spent > *figures.budget[m] ? kOverColor
-                                                          : kUnderColor;
+        const QColor color = !figures.budget[m]                                   ? kNoBudgetColor
+                             : std::round((*figures.budget[m] - spent) * 100) < 0 ? kOverColor
+                                                                                  : kUnderColor;
         painter.fillRect(QRectF(left + bar, yOf(spent), bar, plot.bottom() - yOf(spent)), color);
         painter.setPen(Qt::black);
         const QString name = english.monthName(m + 1, QLocale::ShortFormat);

@@ -8,6 +8,7 @@
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <cmath>
 
 #include "calendar/DateModel.h"
 #include "reports/ReportMessages.h"
@@ -20,8 +21,10 @@ namespace {
 enum Column { MonthColumn, BudgetColumn, SpentColumn, DifferenceColumn };
 const QStringList kHeadings{QStringLiteral("Month"), QStringLiteral("Budget"),
                             QStringLiteral("Spent"), QStringLiteral("Difference")};
-const QColor kOverText(0xb0, 0x1c, 0x1c);
-const QColor kUnderText(0x1a, 0x7a, 0x36);
+const QColor kOverText(0xa8, 0x12, 0x12);
+const QColor kUnderText(0x12, 0x6e, 0x2c);
+const QColor kOverBack(0xfb, 0xdc, 0xdc);
+const QColor kUnderBack(0xdc, 0xf3, 0xe1);
 // Where each column starts on paper, in millimetres from the left margin.
 const QList<qreal> kPrintStops{0, 40, 80, 120};
 
@@ -34,27 +37,33 @@ QString MonthName(int month) {
 }
 
 // The table's figures of a year: per month and for the year, the budget (none when no month
-// has one), the spending and the difference with its colour.
+// has one), the spending and the difference (budget less spending: below zero is over budget).
+// The year's difference adds up the months that have a budget, so that a month nobody
+// budgeted does not count as overspent.
 struct BudgetLine {
     QString name;
     std::optional<double> budget;
     double spent = 0;
+    std::optional<double> difference;
 
     QString BudgetText() const { return budget ? Amount(*budget) : QString(); }
-    QString DifferenceText() const { return budget ? Amount(*budget - spent) : QString(); }
-    QColor DifferenceColor() const {
-        return !budget ? QColor() : spent > *budget ? kOverText : kUnderText;
-    }
+    QString DifferenceText() const { return difference ? Amount(*difference) : QString(); }
+    bool Over() const { return difference && std::round(*difference * 100) < 0; }
 };
 
 QList<BudgetLine> BudgetLines(const BudgetFigures& figures) {
     QList<BudgetLine> lines;
-    BudgetLine total{QStringLiteral("Year Total"), std::nullopt, 0};
+    BudgetLine total{QStringLiteral("Year Total"), std::nullopt, 0, std::nullopt};
     for (int m = 0; m < 12; ++m) {
-        lines.append({MonthName(m + 1), figures.budget[m], figures.actual[m]});
-        total.spent += figures.actual[m];
-        if (figures.budget[m])
-            total.budget = total.budget.value_or(0) + *figures.budget[m];
+        const std::optional<double> budget = figures.budget[m];
+        const double spent = figures.actual[m];
+        const auto difference = budget ? std::optional(*budget - spent) : std::nullopt;
+        lines.append({MonthName(m + 1), budget, spent, difference});
+        total.spent += spent;
+        if (budget) {
+            total.budget = total.budget.value_or(0) + *budget;
+            total.difference = total.difference.value_or(0) + *difference;
+        }
     }
     lines.append(total);
     return lines;
@@ -81,14 +90,14 @@ frmBudget::frmBudget(ReportContext& context, modBudget& store)
     top->addWidget(yearLabel);
     top->addWidget(spnYear_);
     top->addWidget(new QLabel(QStringLiteral(
-        "  Type each month's budget into its Budget cell; Spent is the expense report's "
+        "  Type a month's budget into its Budget cell. Spent is the month's expense report "
         "total.")));
     top->addStretch();
     top->addWidget(cmdSave_);
     layout->addLayout(top);
     auto* figures = new QHBoxLayout;
     BuildTable();
-    figures->addWidget(grdBudget_);
+    figures->addWidget(grdBudget_, 0, Qt::AlignTop);
     figures->addWidget(picChart_, 1);
     layout->addLayout(figures, 1);
     BuildMenus();
@@ -108,6 +117,8 @@ void frmBudget::BuildTable() {
     grdBudget_->setObjectName(QStringLiteral("grdBudget"));
     grdBudget_->setHorizontalHeaderLabels(kHeadings);
     grdBudget_->verticalHeader()->hide();
+    grdBudget_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    grdBudget_->verticalHeader()->setDefaultSectionSize(QFontMetrics(font()).height() + 6);
     grdBudget_->setSelectionMode(QAbstractItemView::SingleSelection);
     grdBudget_->setEditTriggers(QAbstractItemView::AllEditTriggers);
     const QFontMetrics metrics(font());
@@ -123,6 +134,9 @@ void frmBudget::BuildTable() {
                 item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
             if (column != BudgetColumn || row == kTotalRow)
                 item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+            if (row == kTotalRow && column == DifferenceColumn)
+                item->setToolTip(QStringLiteral("The differences of the months that have a "
+                                                "budget, added up"));
             if (row == kTotalRow) {
                 QFont bold = item->font();
                 bold.setBold(true);
@@ -134,8 +148,8 @@ void frmBudget::BuildTable() {
     for (int column = 0; column < kHeadings.size(); ++column)
         width += grdBudget_->columnWidth(column);
     grdBudget_->setFixedWidth(width + 2);
-    grdBudget_->setMinimumHeight(grdBudget_->horizontalHeader()->sizeHint().height() +
-                                 13 * grdBudget_->rowHeight(0) + 2 * grdBudget_->frameWidth() + 2);
+    grdBudget_->setFixedHeight(grdBudget_->horizontalHeader()->sizeHint().height() +
+                               13 * grdBudget_->rowHeight(0) + 2 * grdBudget_->frameWidth() + 2);
     grdBudget_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
@@ -165,11 +179,12 @@ void frmBudget::ShowYear(int year) {
     Refill();
 }
 
-void frmBudget::SetCell(int row, int column, const QString& text, const QColor& color) {
+void frmBudget::SetCell(int row, int column, const QString& text, const QColor& color,
+                        const QColor& background) {
     QTableWidgetItem* item = grdBudget_->item(row, column);
     item->setText(text);
     item->setForeground(color.isValid() ? QBrush(color) : QBrush());
-    item->setBackground(color.isValid() ? QBrush(color.lighter(190)) : QBrush());
+    item->setBackground(background.isValid() ? QBrush(background) : QBrush());
 }
 
 void frmBudget::Refill() {
@@ -187,7 +202,14 @@ void frmBudget::Refill() {
         SetCell(row, MonthColumn, line.name);
         SetCell(row, BudgetColumn, line.BudgetText());
         SetCell(row, SpentColumn, Amount(line.spent));
-        SetCell(row, DifferenceColumn, line.DifferenceText(), line.DifferenceColor());
+        const bool shown = line.difference.has_value();
+        SetCell(row, DifferenceColumn, line.DifferenceText(),
+                !shown        ? QColor()
+                : line.Over() ? kOverText
+                              : kUnderText,
+                !shown        ? QColor()
+                : line.Over() ? kOverBack
+                              : kUnderBack);
     }
     filling_ = false;
     picChart_->SetFigures(figures);

@@ -44,7 +44,8 @@ private:
     void grdBudget_CellChanged(int row, int column);
     // Fills the table and the chart from the budgets and the spending of the year shown.
     void Refill();
-    void SetCell(int row, int column, const QString& text, const QColor& color = {});
+    void SetCell(int row, int column, const QString& text, const QColor& color = {},
+                 const QColor& background = {});
     void PrintBudget(PageWriter& writer) const;
 
     ReportContext& context_;
