@@ -132,6 +132,8 @@ private slots:
                 grid->item(3, 3)->foreground().color().red());
         QCOMPARE(Cell(budget, frmBudget::kTotalRow, 1), "250.50");
         QCOMPARE(Cell(budget, frmBudget::kTotalRow, 2), "190.85");
+        // The year's difference counts only the months with a budget.
+        QCOMPARE(Cell(budget, frmBudget::kTotalRow, 3), "66.76");
         QCOMPARE(budget->Figures().budget[3], 200.5);
 
         for (const char* bad : {"-5", "12x", "1.234", "1,00"}) {

@@ -61,10 +61,11 @@ private slots:
     void itemsWithoutTheirFunctionAreDisabled_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<bool>("enabled");
-        for (const char* name : {"mnuCalSixMonths", "mnuHelpContents", "mnuOptDateQuickMark",
-                                 "mnuOptNetworkShare", "mnuSupportSendErrorLog"})
+        for (const char* name :
+             {"mnuCalSixMonths", "mnuHelpContents", "mnuOptDateQuickMark", "mnuOptNetworkShare",
+              "mnuSupportSendErrorLog", "mnuManageBudget", "mnuOptionsUser"})
             QTest::newRow(name) << name << true;
-        for (const char* name : {"mnuManageBudget", "mnuDateFind", "mnuToolsShowTime"})
+        for (const char* name : {"mnuDateFind", "mnuToolsShowTime"})
             QTest::newRow(name) << name << false;
     }
     void itemsWithoutTheirFunctionAreDisabled() {
