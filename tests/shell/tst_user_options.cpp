@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
@@ -172,6 +173,22 @@ private slots:
         QVERIFY(f.frame().IsChildOpen("frmUserOptions"));
         QVERIFY(!f.env.exists("UserPreferences.txt"));
         QCOMPARE(f.env.state->prefs.Value(prefkey::CompanyName), "");
+        VERIFY_DIALOGS(f.env.dialogs);
+    }
+
+    // The open term window shows the list chosen here at once.
+    void termWindowFollowsTheTermListChosen() {
+        MainWindowFixture f;
+        f.env.write("Sales.fut", "alpha\r\nbeta");
+        f.Start();
+        f.menu("mnuFileOpenFUT")->trigger();
+        auto* terms = qobject_cast<ChildWindow*>(f.frame().ChildWindow("frmFUT"));
+        QCOMPARE(terms->Control<QListWidget>("lstFUT")->count(), 0);
+        frmUserOptions* window = OpenOptions(f);
+        Enter(window->Control<QWidget>("cmbFrequentTermsFile"), "Sales.fut");
+        window->Control<QPushButton>("cmdOK")->click();
+        QCOMPARE(terms->Control<QListWidget>("lstFUT")->count(), 2);
+        QCOMPARE(terms->Control<QListWidget>("lstFUT")->item(1)->text(), "beta");
         VERIFY_DIALOGS(f.env.dialogs);
     }
 

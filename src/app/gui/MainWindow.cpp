@@ -54,7 +54,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
                     state.budget);
     new ShellMenus(frame, state.services, state.prefs);
     new CalculatorMenus(frame, state.services, state.dates);
-    ConnectUserOptions(frame, state);
+    ConnectUserOptions(frame, state,
+                       [terms](const QStringList& keys) { terms->PreferencesChanged(keys); });
     auto* reminders =
         new RemindersMenus(frame, state.services, state.dates, state.alerts, state.toDo, printer);
     // The notification area also tells of the birthdays within their alert period.

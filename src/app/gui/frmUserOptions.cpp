@@ -62,8 +62,11 @@ QFormLayout* Group(QVBoxLayout* column, const QString& caption) {
 
 }  // namespace
 
-frmUserOptions::frmUserOptions(Services& services, UserPreferences& prefs, const modFUT& terms)
-    : ChildWindow(services, QString::fromLatin1(kName), kUserOptionsCaption), prefs_(prefs) {
+frmUserOptions::frmUserOptions(Services& services, UserPreferences& prefs, const modFUT& terms,
+                               std::function<void(const QStringList&)> saved)
+    : ChildWindow(services, QString::fromLatin1(kName), kUserOptionsCaption),
+      prefs_(prefs),
+      afterSave_(std::move(saved)) {
     auto* layout = new QVBoxLayout(Body());
     auto* columns = new QHBoxLayout;
     auto* left = new QVBoxLayout;
@@ -259,11 +262,16 @@ bool frmUserOptions::cmdOK_Click() {
         services_.dialogs.MsgBox(refusal, kWarningStyle);
         return false;
     }
-    if (IsChanged()) {
-        for (const QString& key : keys_)
-            if (ValueOf(key) != shown_.value(key))
-                prefs_.SetValue(key, ValueOf(key));
+    QStringList changed;
+    for (const QString& key : keys_)
+        if (ValueOf(key) != shown_.value(key)) {
+            prefs_.SetValue(key, ValueOf(key));
+            changed.append(key);
+        }
+    if (!changed.isEmpty()) {
         prefs_.SaveUserPreferences(services_);
+        if (afterSave_)
+            afterSave_(changed);
     }
     saved_ = true;
     CloseWindow();
@@ -297,13 +305,15 @@ bool frmUserOptions::Form_QueryUnload() {
     return mayClose;
 }
 
-void ConnectUserOptions(frmMain& frame, ProgramState& state) {
-    Handle(frame.MenuItem(QStringLiteral("mnuOptionsUser")), &frame, [&frame, &state] {
+void ConnectUserOptions(frmMain& frame, ProgramState& state,
+                        std::function<void(const QStringList&)> saved) {
+    Handle(frame.MenuItem(QStringLiteral("mnuOptionsUser")), &frame, [&frame, &state, saved] {
         state.services.Trap("mnuOptionsUser_Click", [&] {
             frame
                 .ShowChild(QString::fromLatin1(frmUserOptions::kName),
-                           [&state] {
-                               return new frmUserOptions(state.services, state.prefs, state.terms);
+                           [&state, &saved] {
+                               return new frmUserOptions(state.services, state.prefs, state.terms,
+                                                         saved);
                            })
                 ->setFocus();
         });

@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QStringList>
+#include <functional>
 
 #include "shell/gui/ChildWindow.h"
 
@@ -23,7 +24,9 @@ class frmUserOptions : public ChildWindow {
 public:
     static constexpr const char* kName = "frmUserOptions";
 
-    frmUserOptions(Services& services, UserPreferences& prefs, const modFUT& terms);
+    // saved: told which settings were written, after they were.
+    frmUserOptions(Services& services, UserPreferences& prefs, const modFUT& terms,
+                   std::function<void(const QStringList&)> saved = {});
 
     // The control that edits key, and the value the window would save for it.
     QWidget* ControlOf(const QString& key) const;
@@ -55,7 +58,10 @@ private:
     QStringList keys_;
     QHash<QString, QString> shown_;
     bool saved_ = false;
+    std::function<void(const QStringList&)> afterSave_;
 };
 
-// Opens the window from the Options menu's "User Options".
-void ConnectUserOptions(frmMain& frame, ProgramState& state);
+// Opens the window from the Options menu's "User Options"; saved is told which settings a save
+// wrote.
+void ConnectUserOptions(frmMain& frame, ProgramState& state,
+                        std::function<void(const QStringList&)> saved);

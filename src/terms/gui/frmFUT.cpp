@@ -231,6 +231,11 @@ void frmFUT::cmdOpt_Click(int index) {
     SaveList();
 }
 
+void frmFUT::PreferencesChanged() {
+    ReadFrequentlyUsedTerms();
+    ShowAutoCompleteCaption();
+}
+
 void frmFUT::ShowAutoCompleteCaption() {
     cmdOpt_[3]->setText(context_.boxes.AutoComplete() ? kDisableAutoComplete : kEnableAutoComplete);
 }
