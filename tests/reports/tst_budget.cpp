@@ -2,6 +2,7 @@
 // month as the expense report totals it, and the window's budget cells.
 #include <QComboBox>
 #include <QLabel>
+#include <QProcess>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -147,6 +148,18 @@ private slots:
         budget->Control<QSpinBox>("spnYear")->setValue(2026);
         QCOMPARE(Cell(budget, 2, 1), "50.00");
         QVERIFY(!f.env.exists("Budget.dat"));
+
+        // Printed: the table and the chart's key on one page.
+        QTest::keyClick(grid, Qt::Key_P, Qt::ControlModifier);
+        QCOMPARE(f.printer.files().size(), 1);
+        QProcess text;
+        text.start("pdftotext", {"-layout", f.printer.files().first(), "-"});
+        QVERIFY(text.waitForFinished(30000));
+        const QString pages = QString::fromUtf8(text.readAllStandardOutput());
+        QCOMPARE(pages.count('\f'), 1);
+        QVERIFY2(pages.simplified().contains("March 50.00 53.76 -3.76"), qPrintable(pages));
+        QVERIFY(pages.simplified().contains("Year Total 250.50 190.85 66.76"));
+        QVERIFY(pages.contains("Spent over budget"));
 
         f.env.dialogs.ExpectMsgBox(kBudgetChangedQuestion, vb::YesNoCancel | vb::Question,
                                    kBudgetChangedTitle, vb::Cancel);
