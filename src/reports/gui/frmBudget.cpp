@@ -135,8 +135,9 @@ void frmBudget::BuildTable() {
             if (column != BudgetColumn || row == kTotalRow)
                 item->setFlags(item->flags() & ~Qt::ItemIsEditable);
             if (row == kTotalRow && column == DifferenceColumn)
-                item->setToolTip(QStringLiteral("The differences of the months that have a "
-                                                "budget, added up"));
+                item->setToolTip(
+                    QStringLiteral("The differences of the months that have a "
+                                   "budget, added up"));
             if (row == kTotalRow) {
                 QFont bold = item->font();
                 bold.setBold(true);
