@@ -2,6 +2,8 @@
 // month as the expense report totals it, and the window's budget cells.
 #include <QComboBox>
 #include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QProcess>
 #include <QPushButton>
 #include <QSpinBox>
@@ -113,6 +115,21 @@ private slots:
         QVERIFY(total != "0.00");
         QCOMPARE(Cell(budget, month - 1, 2), total);
         QCOMPARE(budget->Figures().actual[month - 1], report->report().Sum(0, 1000));
+        VERIFY_DIALOGS(f.env.dialogs);
+    }
+
+    // Pages saved while the window was in the background count when it comes to the front.
+    void spendingIsReadAgainWhenTheWindowComesBack() {
+        MainWindowFixture f;
+        f.Start();
+        frmBudget* budget = OpenBudget(f);
+        budget->Control<QSpinBox>("spnYear")->setValue(2025);
+        QCOMPARE(Cell(budget, 2, 2), "0.00");
+        f.menu("mnuManageToDo")->trigger();
+        f.env.write("2025/Planner.dat", Pages(2025));
+        f.frame().findChild<QMdiArea*>()->setActiveSubWindow(
+            qobject_cast<QMdiSubWindow*>(budget->parentWidget()));
+        QCOMPARE(Cell(budget, 2, 2), "53.76");
         VERIFY_DIALOGS(f.env.dialogs);
     }
 

@@ -4,6 +4,8 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -271,6 +273,20 @@ void frmBudget::mnuFilePrint_Click() {
         writer.SetHeading(
             {windowTitle(), QStringLiteral("Budget and spending in ") + QString::number(year_)});
         PrintBudget(writer);
+    });
+}
+
+void frmBudget::showEvent(QShowEvent* event) {
+    ChildWindow::showEvent(event);
+    QMdiArea* area = nullptr;
+    for (QWidget* w = parentWidget(); w && !area; w = w->parentWidget())
+        area = qobject_cast<QMdiArea*>(w);
+    if (watchingActivation_ || !area)
+        return;
+    watchingActivation_ = true;
+    connect(area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* frame) {
+        if (frame && frame->isAncestorOf(this) && year_ != 0)
+            services_.Trap("Form_Activate", [this] { ShowYear(year_); });
     });
 }
 

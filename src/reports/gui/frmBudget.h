@@ -35,6 +35,9 @@ public:
 
 protected:
     bool Form_QueryUnload() override;
+    // Once the window is in the main window: whenever it is brought to the front again, the
+    // spending is read afresh, so that pages saved meanwhile count.
+    void showEvent(QShowEvent* event) override;
 
 private:
     void BuildMenus();
@@ -55,6 +58,7 @@ private:
     int year_ = 0;
     bool changed_ = false;
     bool filling_ = false;
+    bool watchingActivation_ = false;
     QSpinBox* spnYear_;
     QTableWidget* grdBudget_;
     BudgetChart* picChart_;
