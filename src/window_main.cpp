@@ -81,6 +81,7 @@ int main(int argc, char** argv) {
     ProgramState state(folder, dialogs, clock, platform);
     InstallDefaultFiles(state.services);
     DesktopPrinter printer(dialogs, platform);
+    printer.SetChosenPrinter([&state] { return state.prefs.Value(prefkey::DefaultPrinter); });
     MainWindow window = CreateMainWindow(state, printer);
     dialogs.SetParent(window.frame.get());
     QuitWhenShown quitWhenShown;

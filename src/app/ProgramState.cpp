@@ -12,7 +12,8 @@ ProgramState::ProgramState(const QString& dataFolder, Dialogs& dialogs, Clock& c
       alerts(services),
       toDo(services),
       contacts(services),
-      terms(services, prefs) {
+      terms(services, prefs),
+      budget(services) {
     // Every store with a table per year reads both years again when the year on show changes.
     dates.AddYearStore(&marks);
     dates.AddYearStore(&notes);

@@ -13,6 +13,7 @@
 #include "notes_planner/modPlanner.h"
 #include "reminders/modAlerts.h"
 #include "reminders/modToDo.h"
+#include "reports/modBudget.h"
 #include "shell/Prompts.h"
 #include "shell/Services.h"
 #include "shell/UserPreferences.h"
@@ -41,4 +42,5 @@ struct ProgramState {
     ToDoStore toDo;
     ContactList contacts;
     modFUT terms;
+    modBudget budget;
 };

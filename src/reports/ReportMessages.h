@@ -32,3 +32,13 @@ inline const QString kBadRateMessage = QStringLiteral(
 inline QString CsvSavedMessage(const QString& path) {
     return QStringLiteral("The report was saved as %1.").arg(path);
 }
+
+// ---- the monthly budget -----------------------------------------------------------------
+inline const QString kBudgetCaption = QStringLiteral("Monthly Budget");
+inline const QString kBudgetSavedMessage = QStringLiteral("Budget Saved.");
+inline const QString kBudgetChangedQuestion =
+    QStringLiteral("The budget has been changed. Do you want to save those changes?");
+inline const QString kBudgetChangedTitle = QStringLiteral("Budget Has Changed");
+inline const QString kBadBudgetMessage = QStringLiteral(
+    "A budget must be an amount of at least zero, such as 1,250.00, or blank for no budget; "
+    "the budget was not changed.");

@@ -57,6 +57,8 @@ public:
                                  const QString& filter) = 0;
     virtual QString SaveFileName(const QString& caption, const QString& folder,
                                  const QString& filter) = 0;
+    // Folder picker starting at folder; an empty result means the user cancelled.
+    virtual QString FolderName(const QString& caption, const QString& folder) = 0;
 
     // Colour picker on 0x00BBGGRR colours; nullopt when the user cancelled.
     virtual std::optional<quint32> PickColor(quint32 initial, const QString& title) = 0;

@@ -13,6 +13,8 @@ public:
     virtual bool OpenUrl(const QString& url) = 0;
     virtual void Beep() = 0;
     virtual bool PrinterPresent() = 0;
+    // The names of the printers the desktop offers.
+    virtual QStringList PrinterNames() = 0;
     virtual void SetClipboardText(const QString& text) = 0;
 
     // Adds a launcher called name, starting program with arguments, to the user's
@@ -28,6 +30,7 @@ public:
     bool OpenUrl(const QString&) override { return false; }
     void Beep() override {}
     bool PrinterPresent() override { return false; }
+    QStringList PrinterNames() override { return {}; }
     void SetClipboardText(const QString&) override {}
     void CreateShortcut(const QString&, const QString&, const QStringList&) override {}
 };

@@ -77,3 +77,13 @@ inline const QString kLogFileNotFoundMessage = QStringLiteral("Log File not foun
 inline const QString kMakerSite = QStringLiteral("https://www.orvanta.example");
 inline const QString kBugReportPage = QStringLiteral("/orvanta/bug_report.htm");
 inline const QString kErrorLogPage = QStringLiteral("/orvanta/error_log.htm");
+
+// ---- User Options window ----------------------------------------------------------------
+inline const QString kUserOptionsCaption = QStringLiteral("User Options");
+inline const QString kOptionsChangedQuestion =
+    QStringLiteral("The options have been changed. Do you want to save those changes?");
+inline const QString kOptionsChangedTitle = QStringLiteral("Options Have Changed");
+inline const QString kSharedDirectoryCaption = QStringLiteral("Choose the Shared Directory");
+inline const QString kBadTimeZoneMessage = QStringLiteral(
+    "The calendar time zone must be one of the list, such as America/New_York, or (floating) "
+    "for times without a zone; the options were not saved.");

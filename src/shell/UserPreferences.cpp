@@ -11,7 +11,8 @@ const QStringList& prefkey::All() {
         SharedDirectory,   CompanyName, CompanyAddress1,   CompanyAddress2,    CompanyCityStateZip,
         CompanyPhone,      CompanyFax,  CompanyWebsite,    CompanyEmail,       AutoCompleteWord,
         AutoStartPosition, ShowFut,     MinimizeFut,       DefaultPrinter,     FrequentTermsFile,
-        LoadFutPosition,   FutPosition, NetworkShareDrive, MainWindowPosition, ShowTimeOfDay};
+        LoadFutPosition,   FutPosition, NetworkShareDrive, MainWindowPosition, ShowTimeOfDay,
+        CalendarTimeZone};
     return keys;
 }
 

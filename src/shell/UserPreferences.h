@@ -36,6 +36,8 @@ inline const QString MileageRate = QStringLiteral("Mileage Rate:");
 inline const QString ShowTimeOfDay = QStringLiteral("Show Time of Day:");
 // The one-month calendar's day numbers small in their cell's corner: -1 yes, 0 (or empty) no.
 inline const QString ShowNumbersOffset = QStringLiteral("Show Numbers Offset:");
+// The time zone written into exported iCalendar times (an IANA name); empty for floating times.
+inline const QString CalendarTimeZone = QStringLiteral("Calendar Time Zone:");
 
 // Every key the program knows, in the order a new file lists them.
 const QStringList& All();

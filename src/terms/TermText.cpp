@@ -45,3 +45,9 @@ QString NextLetterCase(const QString& term) {
         return TitleCase(term);
     return upper;
 }
+
+int AutoStartLetters(const QString& preference) {
+    bool ok = false;
+    const int letters = preference.trimmed().toInt(&ok);
+    return ok && letters >= 1 && letters <= kAutoStartMost ? letters : kAutoCompleteMinLetters;
+}

@@ -13,8 +13,11 @@ QString TermInsertion(QStringView before, QStringView after, const QString& term
 // The word being typed: the letters and digits just before the caret.
 QString WordBeforeCaret(QStringView before);
 
-// A word typed must have this many letters before the terms that begin like it are offered.
+// A word typed must have this many letters before the terms that begin like it are offered,
+// unless the user chose another number ("Auto Start Position:", 1 to 9).
 constexpr int kAutoCompleteMinLetters = 2;
+constexpr int kAutoStartMost = 9;
+int AutoStartLetters(const QString& preference);
 
 // The term in its next letter case, in the turn Title Case -> UPPER CASE -> lower case -> Title
 // Case; a term in some other mix of cases turns to UPPER CASE first.

@@ -34,6 +34,8 @@
 #include "reminders/RemindersMessages.h"
 #include "reminders/modAlerts.h"
 #include "reminders/modToDo.h"
+#include "reports/ReportMessages.h"
+#include "reports/modBudget.h"
 #include "shell/DateFormats.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
@@ -190,6 +192,15 @@ void SaveTerms(Folder& folder, int content) {
     terms.SaveFrequentlyUsedTerms(list);
 }
 
+void SaveBudget(Folder& folder, int content) {
+    modBudget budget(folder.services);
+    Budgets budgets;
+    for (int month = 0; month < 24 + 12 * content; ++month)
+        budgets.insert(QDate(2020, 1, 1).addMonths(month), 100000 + 37 * month + content);
+    folder.dialogs.ExpectMsgBox(kBudgetSavedMessage, vb::OKOnly, {});
+    budget.SaveBudget(budgets);
+}
+
 struct Store {
     const char* procedure;
     QString file;
@@ -210,6 +221,7 @@ const Store kStores[] = {
     {"SaveToDoList", kToDoFile, {}, SaveToDoList},
     {"SaveEmployeeInfo", kEmployeeInfoFile, {}, SaveContacts},
     {"SaveFrequentlyUsedTerms", kDefaultTermFile, {}, SaveTerms},
+    {"SaveBudget", kBudgetFile, {}, SaveBudget},
 };
 
 const QByteArray kMissing = "<missing>";

@@ -75,21 +75,6 @@ private slots:
         QCOMPARE(f->menu("mnuOptDateMarkAs_11")->text(), "Vacation");
     }
 
-    void itemsWithoutTheirFunctionAreDisabled_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("enabled");
-        for (const char* name :
-             {"mnuCalSixMonths", "mnuHelpContents", "mnuOptDateQuickMark", "mnuOptNetworkShare",
-              "mnuSupportSendErrorLog", "mnuDateFind", "mnuToolsShowTime"})
-            QTest::newRow(name) << name << true;
-        QTest::newRow("mnuManageBudget") << "mnuManageBudget" << false;
-    }
-    void itemsWithoutTheirFunctionAreDisabled() {
-        QFETCH(QString, name);
-        QFETCH(bool, enabled);
-        QCOMPARE(f->menu(name)->isEnabled(), enabled);
-    }
-
     void loadShowsTodayTheSelectorsAndTheYearView() {
         QCOMPARE(f->control<QLabel>("lblToday")->text(), "Today is Monday, September 7, 2026");
         QCOMPARE(f->control<QComboBox>("cmbDay")->currentText(), "7");

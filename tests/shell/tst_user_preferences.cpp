@@ -25,7 +25,7 @@ void UserPreferencesTest::missingFileGivesEmptySettingsAndSavesEveryKey() {
                         "Auto Complete Word:\r\nAuto Start Position:\r\nShow FUT:\r\n"
                         "Minimize FUT:\r\nDefault Printer:\r\nFrequent Terms File:\r\n"
                         "Load FUT Position:\r\nFUT Position:\r\nNetwork Share Drive:e\r\n"
-                        "Main Window Position:\r\nShow Time of Day:\r\n"));
+                        "Main Window Position:\r\nShow Time of Day:\r\nCalendar Time Zone:\r\n"));
     VERIFY_DIALOGS(env.dialogs);
 }
 
@@ -53,7 +53,7 @@ void UserPreferencesTest::unknownLinesKeepTheirPlace() {
                         "Auto Complete Word:\r\nAuto Start Position:\r\nShow FUT:\r\n"
                         "Minimize FUT:\r\nDefault Printer:\r\nFrequent Terms File:\r\n"
                         "Load FUT Position:\r\nNetwork Share Drive:\r\nMain Window Position:\r\n"
-                        "Show Time of Day:\r\nNewer Key:x\r\n"));
+                        "Show Time of Day:\r\nCalendar Time Zone:\r\nNewer Key:x\r\n"));
     VERIFY_DIALOGS(env.dialogs);
 }
 

@@ -8,7 +8,8 @@ QString Visible(QString text) {
 }
 
 QString Describe(const FakeDialogs::Box& box) {
-    static const char* const kinds[] = {"MsgBox", "InputBox", "OpenFile", "SaveFile", "Color"};
+    static const char* const kinds[] = {"MsgBox",   "InputBox", "OpenFile",
+                                        "SaveFile", "Color",    "Folder"};
     return QStringLiteral("%1(text=\"%2\", style=%3, title=\"%4\", default=\"%5\")")
         .arg(QString::fromLatin1(kinds[static_cast<int>(box.kind)]), Visible(box.text))
         .arg(box.style)
@@ -44,6 +45,10 @@ FakeDialogs& FakeDialogs::ExpectOpenFile(const QString& answer) {
 
 FakeDialogs& FakeDialogs::ExpectSaveFile(const QString& answer) {
     return Expect({Kind::SaveFile, {}, vb::OKOnly, {}, {}, vb::OK, answer, {}});
+}
+
+FakeDialogs& FakeDialogs::ExpectFolder(const QString& answer) {
+    return Expect({Kind::Folder, {}, vb::OKOnly, {}, {}, vb::OK, answer, {}});
 }
 
 FakeDialogs& FakeDialogs::ExpectColor(std::optional<quint32> answer) {
@@ -101,6 +106,11 @@ QString FakeDialogs::OpenFileName(const QString& caption, const QString&, const 
 
 QString FakeDialogs::SaveFileName(const QString& caption, const QString&, const QString&) {
     const auto box = Take({Kind::SaveFile, caption, vb::OKOnly, {}, {}, vb::OK, {}, {}});
+    return box ? box->textAnswer : QString();
+}
+
+QString FakeDialogs::FolderName(const QString& caption, const QString&) {
+    const auto box = Take({Kind::Folder, caption, vb::OKOnly, {}, {}, vb::OK, {}, {}});
     return box ? box->textAnswer : QString();
 }
 

@@ -14,7 +14,7 @@
 //     VERIFY_DIALOGS(env.dialogs);   // every expected box seen, nothing else shown
 class FakeDialogs final : public Dialogs {
 public:
-    enum class Kind { Message, Input, OpenFile, SaveFile, Color };
+    enum class Kind { Message, Input, OpenFile, SaveFile, Color, Folder };
 
     struct Box {
         Kind kind = Kind::Message;
@@ -33,6 +33,7 @@ public:
                                 const QString& defaultText, const QString& answer);
     FakeDialogs& ExpectOpenFile(const QString& answer);
     FakeDialogs& ExpectSaveFile(const QString& answer);
+    FakeDialogs& ExpectFolder(const QString& answer);
     FakeDialogs& ExpectColor(std::optional<quint32> answer);
 
     // True when every expected box was shown in order and nothing else was.
@@ -52,6 +53,7 @@ public:
                          const QString& filter) override;
     QString SaveFileName(const QString& caption, const QString& folder,
                          const QString& filter) override;
+    QString FolderName(const QString& caption, const QString& folder) override;
     std::optional<quint32> PickColor(quint32 initial, const QString& title) override;
 
 private:

@@ -13,6 +13,7 @@ public:
     bool openFails = false;
     int beeps = 0;
     bool printer = true;
+    QStringList printers;
     QString clipboard;
     QStringList shortcuts;  // "name -> program arguments..."
     // When set, CreateShortcut fails with this error.
@@ -24,6 +25,7 @@ public:
     }
     void Beep() override { ++beeps; }
     bool PrinterPresent() override { return printer; }
+    QStringList PrinterNames() override { return printers; }
     void SetClipboardText(const QString& text) override { clipboard = text; }
     void CreateShortcut(const QString& name, const QString& program,
                         const QStringList& arguments) override {

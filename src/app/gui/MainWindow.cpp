@@ -1,6 +1,7 @@
 #include "app/gui/MainWindow.h"
 
 #include "app/ProgramState.h"
+#include "app/gui/frmUserOptions.h"
 #include "assignment/gui/AssignmentMenus.h"
 #include "calculators/gui/CalculatorMenus.h"
 #include "calendar/gui/CalendarMenus.h"
@@ -12,6 +13,7 @@
 #include "notes_planner/gui/NotesPlannerMenus.h"
 #include "reminders/gui/AlertTray.h"
 #include "reminders/gui/RemindersMenus.h"
+#include "reports/gui/BudgetMenus.h"
 #include "reports/gui/ReportMenus.h"
 #include "shell/gui/ShellMenus.h"
 #include "shell/gui/TimeOfDay.h"
@@ -51,6 +53,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     auto* holidaysBirthdays = new HolidaysBirthdaysMenus(
         {frame, state.services, state.dates, state.holidays, state.birthdays, *calendar});
     new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
+    new BudgetMenus({frame, state.services, state.dates, state.planner, state.prefs, printer},
+                    state.budget);
     new ShellMenus(frame, state.services, state.prefs);
     new CalendarPrintMenus(frame, state.services, state.dates, *calendar, state.markerColors,
                            printer);
@@ -63,6 +67,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
         timeOfDay->ShowAtStart();
     };
     new CalculatorMenus(frame, state.services, state.dates);
+    ConnectUserOptions(frame, state,
+                       [terms](const QStringList& keys) { terms->PreferencesChanged(keys); });
     auto* reminders =
         new RemindersMenus(frame, state.services, state.dates, state.alerts, state.toDo, printer);
     // The notification area also tells of the birthdays within their alert period.

@@ -23,6 +23,10 @@ bool DesktopPlatform::PrinterPresent() {
     return !QPrinterInfo::availablePrinterNames().isEmpty();
 }
 
+QStringList DesktopPlatform::PrinterNames() {
+    return QPrinterInfo::availablePrinterNames();
+}
+
 void DesktopPlatform::SetClipboardText(const QString& text) {
     QGuiApplication::clipboard()->setText(text);
 }

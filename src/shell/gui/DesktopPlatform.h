@@ -9,6 +9,7 @@ public:
     bool OpenUrl(const QString& url) override;
     void Beep() override;
     bool PrinterPresent() override;
+    QStringList PrinterNames() override;
     void SetClipboardText(const QString& text) override;
     void CreateShortcut(const QString& name, const QString& program,
                         const QStringList& arguments) override;

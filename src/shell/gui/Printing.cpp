@@ -236,6 +236,16 @@ void PageWriter::Rule() {
     y_ += height;
 }
 
+void PageWriter::Picture(qreal heightMm,
+                         const std::function<void(QPainter&, const QRectF&)>& paint) {
+    const qreal height = Px(heightMm);
+    Reserve(height);
+    painter_.save();
+    paint(painter_, QRectF(0, y_, device_.width(), height));
+    painter_.restore();
+    y_ += height;
+}
+
 namespace {
 
 // A title as a file name: no folder separators, wildcards or control characters, and no
@@ -295,11 +305,18 @@ bool DesktopPrinter::SaveAsPdf(const QString& title, const Document& document,
     return PdfPrinter::Write(path, title, document, orientation);
 }
 
+void DesktopPrinter::SelectChosenPrinter(QPrinter& printer) const {
+    const QString name = chosen_ ? chosen_().trimmed() : QString();
+    if (!name.isEmpty() && platform_.PrinterNames().contains(name))
+        printer.setPrinterName(name);
+}
+
 bool DesktopPrinter::PrintPages(const QString& title, const Document& document,
                                 Orientation orientation) {
     if (!platform_.PrinterPresent())
         return SaveAsPdf(title, document, orientation);
     QPrinter printer(QPrinter::HighResolution);
+    SelectChosenPrinter(printer);
     printer.setDocName(title);
     printer.setPageOrientation(orientation);
     QPrintDialog dialog(&printer, parent_);
@@ -313,6 +330,7 @@ bool DesktopPrinter::PreviewPages(const QString& title, const Document& document
     if (!platform_.PrinterPresent())
         return SaveAsPdf(title, document, orientation);
     QPrinter printer(QPrinter::HighResolution);
+    SelectChosenPrinter(printer);
     printer.setDocName(title);
     printer.setPageOrientation(orientation);
     QPrintPreviewDialog preview(&printer, parent_);

@@ -68,6 +68,9 @@ public:
     void Blank();
     // A thin line across the page.
     void Rule();
+    // A drawing heightMm tall across the page: paint draws it inside the rectangle given, in
+    // device pixels (moved to a new page first when it does not fit).
+    void Picture(qreal heightMm, const std::function<void(QPainter&, const QRectF&)>& paint);
     // Ends the current page; the next thing written goes on a new one.
     void NewPage();
 
@@ -143,16 +146,22 @@ public:
     DesktopPrinter(Dialogs& dialogs, Platform& platform, QWidget* parent = nullptr)
         : dialogs_(dialogs), platform_(platform), parent_(parent) {}
 
+    // The printer the user chose as the program's own default, asked at each printout (an
+    // empty name, or one the desktop no longer offers, is the system's default).
+    void SetChosenPrinter(std::function<QString()> chosen) { chosen_ = std::move(chosen); }
+
 private:
     bool PrintPages(const QString& title, const Document& document,
                     Orientation orientation) override;
     bool PreviewPages(const QString& title, const Document& document,
                       Orientation orientation) override;
     bool SaveAsPdf(const QString& title, const Document& document, Orientation orientation);
+    void SelectChosenPrinter(QPrinter& printer) const;
 
     Dialogs& dialogs_;
     Platform& platform_;
     QWidget* parent_;
+    std::function<QString()> chosen_;
 };
 
 // Writes every printout to a PDF in a folder, named after its title (characters a file name

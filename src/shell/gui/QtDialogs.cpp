@@ -125,6 +125,11 @@ QString QtDialogs::SaveFileName(const QString& caption, const QString& folder,
     return QFileDialog::getSaveFileName(parent_, caption, folder, filter);
 }
 
+QString QtDialogs::FolderName(const QString& caption, const QString& folder) {
+    const ReturnFocusAfter returnFocus(parent_);
+    return QFileDialog::getExistingDirectory(parent_, caption, folder);
+}
+
 std::optional<quint32> QtDialogs::PickColor(quint32 initial, const QString& title) {
     const ReturnFocusAfter returnFocus(parent_);
     const QColor chosen = QColorDialog::getColor(ToQColor(initial), parent_, title);

@@ -18,6 +18,7 @@ public:
                          const QString& filter) override;
     QString SaveFileName(const QString& caption, const QString& folder,
                          const QString& filter) override;
+    QString FolderName(const QString& caption, const QString& folder) override;
     std::optional<quint32> PickColor(quint32 initial, const QString& title) override;
 
 private:

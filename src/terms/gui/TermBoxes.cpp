@@ -124,7 +124,7 @@ void TermBoxes::Offer(QWidget* box) {
         return;
     const QString word = WordBeforeCaret(AroundCaret(box).before);
     QCompleter* completer = completers_.value(box);
-    if (word.size() < kAutoCompleteMinLetters) {
+    if (word.size() < AutoStartLetters(prefs_.Value(prefkey::AutoStartPosition))) {
         if (completer)
             completer->popup()->hide();
         return;

@@ -11,6 +11,7 @@
 #include "terms/TermText.h"
 #include "terms/gui/TermBoxes.h"
 #include "terms/gui/frmFUT.h"
+#include "terms/modFUT.h"
 
 TermMenus::TermMenus(frmMain& frame, Services& services, UserPreferences& prefs, modFUT& terms,
                      std::function<QWidget*()> calendar)
@@ -53,6 +54,15 @@ void TermMenus::ShowAtStart() {
         return;
     if (auto* sub = qobject_cast<QMdiSubWindow*>(window->parentWidget()))
         sub->showMinimized();
+}
+
+void TermMenus::PreferencesChanged(const QStringList& keys) {
+    frmFUT* window = termWindow();
+    if (window &&
+        (keys.contains(prefkey::FrequentTermsFile) || keys.contains(prefkey::AutoCompleteWord)))
+        window->PreferencesChanged();
+    else if (keys.contains(prefkey::FrequentTermsFile))
+        terms_.ReadFrequentlyUsedTerms();
 }
 
 void TermMenus::TermKey(QWidget* box, int key) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QStringList>
 #include <functional>
 
 class QWidget;
@@ -30,6 +31,11 @@ public:
     void TermKey(QWidget* box, int key);
     // Opens the term window at start-up when the user asked for it, minimized if so asked.
     void ShowAtStart();
+    // After the preferences named by keys were changed in the User Options window: another
+    // term file is read at once (into the term window when it is open), and the open window's
+    // auto-complete switch follows the new setting. The other term settings take effect when
+    // the term window next opens or the program next starts.
+    void PreferencesChanged(const QStringList& keys);
 
 private:
     frmMain& frame_;

@@ -94,7 +94,13 @@ void frmFUT::BuildMenus() {
                 context_.prefs.SaveUserPreferences(services_);
             });
         item->setCheckable(true);
-        item->setChecked(context_.prefs.Value(key) == u"True");
+        // The marks follow the preferences as they are now, which the User Options window
+        // may have changed while this window was open.
+        const auto mark = [this, item, key] {
+            item->setChecked(context_.prefs.Value(key) == u"True");
+        };
+        mark();
+        connect(window, &QMenu::aboutToShow, item, mark);
     }
 }
 
@@ -223,6 +229,11 @@ void frmFUT::cmdOpt_Click(int index) {
     }
     delete lstFUT_->takeItem(row);
     SaveList();
+}
+
+void frmFUT::PreferencesChanged() {
+    ReadFrequentlyUsedTerms();
+    ShowAutoCompleteCaption();
 }
 
 void frmFUT::ShowAutoCompleteCaption() {

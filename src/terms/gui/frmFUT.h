@@ -62,6 +62,9 @@ public:
 
     // Opens the term editor on term, to be added as a new term.
     void AddTerm(const QString& term);
+    // After the preferences were changed elsewhere: the list of the term file now chosen, and
+    // the auto-complete switch as it is now.
+    void PreferencesChanged();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
