@@ -12,7 +12,9 @@ ProgramState::ProgramState(const QString& dataFolder, Dialogs& dialogs, Clock& c
       alerts(services),
       toDo(services),
       contacts(services),
-      terms(services, prefs) {
+      terms(services, prefs),
+      icons(services),
+      monthIcons(services, changes) {
     // Every store with a table per year reads both years again when the year on show changes.
     dates.AddYearStore(&marks);
     dates.AddYearStore(&notes);

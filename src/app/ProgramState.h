@@ -4,6 +4,8 @@
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
+#include "decorations/modIcons.h"
+#include "decorations/modMonthIcons.h"
 #include "help/modHelp.h"
 #include "holidays_birthdays/modBirthdays.h"
 #include "holidays_birthdays/modHolidays.h"
@@ -41,4 +43,6 @@ struct ProgramState {
     ToDoStore toDo;
     ContactList contacts;
     modFUT terms;
+    modIcons icons;
+    modMonthIcons monthIcons;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDate>
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -8,6 +9,12 @@
 
 // How a calendar view shows one day. The subsystems that keep something per day (marks,
 // holidays, birthdays, notes, planners) each add what they know through a decorator.
+// A picture placed on a day: the file it is drawn from and the caption shown as its tooltip.
+struct DayIcon {
+    QString picturePath;
+    QString caption;
+};
+
 struct DayLook {
     // The mark colour (0x00BBGGRR) the day is painted in; nullopt when it is unmarked.
     std::optional<quint32> markColor;
@@ -19,6 +26,8 @@ struct DayLook {
     QStringList captions;
     bool hasNotes = false;
     bool hasPlanner = false;
+    // Pictures placed on the day (the month's icons and the template's).
+    QList<DayIcon> icons;
 };
 
 using DayDecorator = std::function<void(const QDate& date, DayLook& look)>;

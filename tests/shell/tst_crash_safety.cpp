@@ -27,6 +27,8 @@
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
+#include "decorations/DecorationMessages.h"
+#include "decorations/modMonthIcons.h"
 #include "notes_planner/ExternalFileMessages.h"
 #include "notes_planner/UnsavedWork.h"
 #include "notes_planner/modNotes.h"
@@ -35,6 +37,7 @@
 #include "reminders/modAlerts.h"
 #include "reminders/modToDo.h"
 #include "shell/DateFormats.h"
+#include "shell/Prompts.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 #include "shell/UserPreferences.h"
@@ -190,6 +193,16 @@ void SaveTerms(Folder& folder, int content) {
     terms.SaveFrequentlyUsedTerms(list);
 }
 
+void SaveMonthIcons(Folder& folder, int content) {
+    ChangeFlags flags;
+    modMonthIcons icons(folder.services, flags);
+    for (int day = 1; day <= 30; ++day)
+        for (int i = 0; i <= content; ++i)
+            icons.PlaceIcon(QDate(2026, 9, day), 10 * i + day);
+    folder.dialogs.ExpectMsgBox(kMonthIconsSaved, vb::OKOnly, {});
+    icons.SaveMonthIcons(9);
+}
+
 struct Store {
     const char* procedure;
     QString file;
@@ -210,6 +223,7 @@ const Store kStores[] = {
     {"SaveToDoList", kToDoFile, {}, SaveToDoList},
     {"SaveEmployeeInfo", kEmployeeInfoFile, {}, SaveContacts},
     {"SaveFrequentlyUsedTerms", kDefaultTermFile, {}, SaveTerms},
+    {"SaveMonthIcons", "Sep_Icons.dat", {}, SaveMonthIcons},
 };
 
 const QByteArray kMissing = "<missing>";

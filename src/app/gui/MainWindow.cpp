@@ -5,6 +5,7 @@
 #include "calculators/gui/CalculatorMenus.h"
 #include "calendar/gui/CalendarMenus.h"
 #include "calendar/gui/CalendarView.h"
+#include "decorations/gui/DecorationMenus.h"
 #include "help/gui/HelpMenus.h"
 #include "holidays_birthdays/gui/HolidaysBirthdaysMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
@@ -22,6 +23,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     auto* help = new HelpMenus(frame, state.help, state.services);
     auto* calendar =
         new CalendarMenus(frame, state.services, state.dates, state.markerColors, state.marks);
+    auto* decorations = new DecorationMenus({frame, state.services, state.dates, state.changes,
+                                             state.icons, state.monthIcons, *calendar});
     auto* assignment = new AssignmentMenus(frame, state.services, state.contacts, state.prefs);
     auto* terms = new TermMenus(frame, state.services, state.prefs, state.terms,
                                 [calendar]() -> QWidget* { return calendar->calendarView(); });
@@ -60,6 +63,7 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
                      &AlertTray::Refresh);
     window.help = help;
     window.calendar = calendar;
+    window.decorations = decorations;
     window.notesPlanner = notesPlanner;
     window.reminders = reminders;
     window.terms = terms;
@@ -69,26 +73,27 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     // per-year stores, the alerts, the birthdays and the to-do list, then the year's calendar
     // and the month's tasks and the term window; last, typing a session ended without saving
     // is offered back, and what is due is announced on the desktop.
-    frame.SetLoadSteps(
-        [&state, &frame, help, calendar, notesPlanner, holidaysBirthdays, reminders, terms] {
-            help->LoadHelpTopics();
-            state.prefs.GetUserPreferences(state.services);
-            state.dates.SelectedDate = state.services.clock.today();
-            state.dates.SetYearBounds();
-            calendar->ReadMarkerColors();
-            state.dates.AssignThisYearsDateHolders();
-            state.dates.AssignNextYearsDateholders();
-            state.dates.ReadYearStores();
-            state.alerts.ReadAlerts();
-            state.birthdays.ReadBirthdays();
-            holidaysBirthdays->ShowHoliday();
-            state.toDo.ReadToDoList();
-            calendar->Show1YearCalendar();
-            frame.ShowSelectedDate(state.dates.SelectedDate);
-            notesPlanner->Refresh();
-            terms->ShowAtStart();
-            notesPlanner->OfferUnsavedWork();
-            reminders->tray().AnnounceDue();
-        });
+    frame.SetLoadSteps([&state, &frame, help, calendar, decorations, notesPlanner,
+                        holidaysBirthdays, reminders, terms] {
+        help->LoadHelpTopics();
+        state.prefs.GetUserPreferences(state.services);
+        state.dates.SelectedDate = state.services.clock.today();
+        state.dates.SetYearBounds();
+        calendar->ReadMarkerColors();
+        decorations->Load();
+        state.dates.AssignThisYearsDateHolders();
+        state.dates.AssignNextYearsDateholders();
+        state.dates.ReadYearStores();
+        state.alerts.ReadAlerts();
+        state.birthdays.ReadBirthdays();
+        holidaysBirthdays->ShowHoliday();
+        state.toDo.ReadToDoList();
+        calendar->Show1YearCalendar();
+        frame.ShowSelectedDate(state.dates.SelectedDate);
+        notesPlanner->Refresh();
+        terms->ShowAtStart();
+        notesPlanner->OfferUnsavedWork();
+        reminders->tray().AnnounceDue();
+    });
     return window;
 }
