@@ -2,6 +2,7 @@
 // month, the template's icons, the questions before icons are lost, and the icon manager.
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
@@ -93,6 +94,21 @@ private slots:
         f.env.state->dates.SelectDate(QDate(2027, 2, 1));
         QCOMPARE(f.IconsOn(QDate(2027, 2, 5)).size(), 1);
         QVERIFY(f.IconsOn(QDate(2027, 2, 6)).isEmpty());
+    }
+
+    void paletteDragsTheIconNumberAndEnterPlacesIt() {
+        IconsFixture f;
+        f.menu("mnuOptDateShowIcons")->trigger();
+        QWidget* palette = f.frame().ChildWindow("frmInsertIcons");
+        auto* list = FindControl<QListWidget>(palette, "lstIcons");
+        QVERIFY(list->dragEnabled());
+        list->setCurrentRow(0);
+        const std::unique_ptr<QMimeData> dragged(
+            list->model()->mimeData({list->model()->index(0, 0)}));
+        QCOMPARE(dragged->data(kIconMimeType), "3");
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Return);
+        QCOMPARE(f.IconsOn(QDate(2026, 9, 7)).size(), 1);
     }
 
     void removeAllIconsAsksAndRemovesOnlyThatMonthsIcons() {

@@ -1,6 +1,8 @@
 #include "decorations/gui/DecorationMenus.h"
 
 #include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 
 #include "calendar/DateModel.h"
 #include "calendar/gui/CalendarMenus.h"
@@ -178,13 +180,23 @@ void DecorationMenus::mnuFileSaveCalendar_Click() {
     monthIcons_.SaveMonthIcons(dates_.FirstOfMonth.month());
 }
 
+// The palette floats above the calendar in the lower right corner, so that a click on a day
+// does not hide it behind the calendar.
 void DecorationMenus::mnuOptDateShowIcons_Click() {
     if (calendar_.ViewOnShow() != ViewKind::OneMonth)
         calendar_.Show1MonthCalendar();
-    frame_.ShowChild(QString::fromLatin1(frmInsertIcons::kName), [this] {
+    QWidget* palette = frame_.ShowChild(QString::fromLatin1(frmInsertIcons::kName), [this] {
         return new frmInsertIcons(services_, icons_,
                                   [this](int number) { PlaceIcon(dates_.SelectedDate, number); });
     });
+    auto* sub = qobject_cast<QMdiSubWindow*>(palette->parentWidget());
+    if (!sub || sub->windowFlags().testFlag(Qt::WindowStaysOnTopHint))
+        return;
+    sub->setWindowFlag(Qt::WindowStaysOnTopHint, true);
+    const QRect area = frame_.mdiArea()->viewport()->rect();
+    sub->move(std::max(0, area.right() - sub->width()), std::max(0, area.bottom() - sub->height()));
+    sub->show();
+    palette->setFocus();
 }
 
 void DecorationMenus::mnuOptDateRemoveIcon_Click() {
