@@ -11,7 +11,6 @@ IconList::IconList(const modIcons& icons, const QString& name, QWidget* parent)
     setObjectName(name);
     setIconSize(QSize(32, 32));
     setSelectionMode(QAbstractItemView::SingleSelection);
-    setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
     Refresh();
 }

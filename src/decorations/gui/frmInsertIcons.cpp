@@ -26,7 +26,6 @@ frmInsertIcons::frmInsertIcons(Services& services, modIcons& icons, std::functio
     lstIcons_->setGridSize(QSize(84, 64));
     lstIcons_->setWordWrap(true);
     // Fixed places turn dragging off; the icons are still dragged out onto the calendar.
-    lstIcons_->setDragEnabled(true);
     lstIcons_->setDragDropMode(QAbstractItemView::DragOnly);
     column->addWidget(lstIcons_, 1);
     auto* cmdPlace = new QPushButton(QStringLiteral("Place on Selected Date"));
