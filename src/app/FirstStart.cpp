@@ -29,9 +29,7 @@ QByteArray DefaultFile(const QString& name) {
 void InstallStarterIcons(Services& services, QStringList& installed) {
     if (FileExists(services.AppFolder, kIconTagsFile))
         return;
-    const QString images = PathForWriting(services.AppFolder, kImagesFolder);
-    if (!QDir().mkpath(images))
-        Raise(err::PathNotFound);
+    const QString images = MakeImagesFolder(services);
     const QStringList pictures = QDir(QStringLiteral(":/defaults/") + kImagesFolder).entryList();
     for (const QString& picture : pictures) {
         const QString name = kImagesFolder + QLatin1Char('\\') + picture;

@@ -40,6 +40,16 @@ QString IconPictureName(int number) {
     return QString::number(number) + QStringLiteral(".ico");
 }
 
+QString MakeImagesFolder(Services& services) {
+    QString images;
+    if (FolderExists(services.dialogs, services.AppFolder, kImagesFolder, &images))
+        return images;
+    images = services.PathOf(kImagesFolder);
+    if (!QDir().mkpath(images))
+        Raise(err::PathNotFound);
+    return images;
+}
+
 modIcons::modIcons(Services& services) : services_(services) {}
 
 QString modIcons::Caption(int number) const {
@@ -106,16 +116,16 @@ bool modIcons::SaveIconTags(const QList<IconTag>& tags) {
 int modIcons::AddIcon(const QByteArray& icoBytes, const QString& caption) {
     if (services_.RefuseSaveAfterPartialRead(partlyRead_, kIconTagsFile))
         return 0;
+    // A caption the list cannot hold is refused before a picture is written for it.
+    if (const auto bad = textfile::FirstUnstorableCharacter(caption)) {
+        services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
+        return 0;
+    }
     int number = 0;
     const bool written = services_.Trap("AddIcon", [&] {
         number = NextNumber();
-        QString images;
-        if (!FolderExists(services_.dialogs, services_.AppFolder, kImagesFolder, &images)) {
-            images = services_.PathOf(kImagesFolder);
-            if (!QDir().mkpath(images))
-                Raise(err::PathNotFound);
-        }
-        safesave::Replace(QDir(images).filePath(IconPictureName(number)), icoBytes);
+        safesave::Replace(QDir(MakeImagesFolder(services_)).filePath(IconPictureName(number)),
+                          icoBytes);
     });
     if (!written)
         return 0;

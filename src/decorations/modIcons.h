@@ -25,6 +25,9 @@ QString IconTagsText(const QList<IconTag>& tags);
 // The file name of icon number's picture inside the "Images" folder.
 QString IconPictureName(int number);
 
+// The data folder's "Images" folder, in whatever letter case it exists, made when missing.
+QString MakeImagesFolder(Services& services);
+
 // The icon library: "Icon Tags.dat" in the data folder and the pictures in its "Images" folder,
 // both found whatever the letter case of their names on disk.
 class modIcons : public QObject {

@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include "TestEnv.h"
+#include "app/FirstStart.h"
 #include "decorations/DecorationMessages.h"
 #include "decorations/modIcons.h"
 #include "decorations/modMonthIcons.h"
@@ -31,6 +32,18 @@ private slots:
         QCOMPARE(icons.Caption(12), "Dentist: 2 pm");
         // A new icon never takes a number that has a picture, listed or not.
         QCOMPARE(icons.NextNumber(), 13);
+    }
+
+    void starterIconsNeverReplaceTheUsersPictures() {
+        TestEnv env;
+        env.write("images/3.ICO", "mine");
+        InstallDefaultFiles(env.state->services);
+        QCOMPARE(env.read("images/3.ICO"), "mine");
+        QVERIFY(env.exists("images/1.ico"));
+        modIcons icons(env.state->services);
+        icons.ReadIconTags();
+        QVERIFY(icons.tags().size() >= 40);
+        QCOMPARE(icons.PicturePath(1), env.path("images/1.ico"));
     }
 
     void placedIconsComeBackOnTheirDaysAfterASave() {

@@ -196,6 +196,7 @@ void SaveTerms(Folder& folder, int content) {
 void SaveMonthIcons(Folder& folder, int content) {
     ChangeFlags flags;
     modMonthIcons icons(folder.services, flags);
+    icons.RemoveAllIcons(QDate(2026, 9, 1));
     for (int day = 1; day <= 30; ++day)
         for (int i = 0; i <= content; ++i)
             icons.PlaceIcon(QDate(2026, 9, day), 10 * i + day);
