@@ -317,7 +317,7 @@ void CalendarView::PaintIcons(QPainter& painter, const QRect& cell, const QDate&
     if (look.icons.isEmpty())
         return;
     if (!Large()) {
-        const int size = std::max(4, cell.height() / 5);
+        const int size = std::max(5, cell.height() / 4);
         painter.setPen(QPen(Qt::white, 1));
         painter.setBrush(QColor(224, 112, 0));
         painter.drawEllipse(QRect(cell.left() + 2, cell.bottom() - size - 1, size, size));
@@ -485,6 +485,8 @@ bool CalendarView::event(QEvent* event) {
         lines = look.captions;
         if (!look.hoverText.isEmpty())
             lines.append(look.hoverText);
+        for (const DayIcon& icon : look.icons)
+            lines.append(icon.caption);
     }
     if (lines.isEmpty()) {
         QToolTip::hideText();

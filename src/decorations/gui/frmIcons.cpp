@@ -40,7 +40,8 @@ frmIcons::frmIcons(Services& services, modIcons& icons)
     On(lstIcons_, &QListWidget::currentRowChanged, "lstIcons_Click", [this] { lstIcons_Click(); });
     connect(&icons_, &modIcons::iconsChanged, lstIcons_, &IconList::Refresh);
     setFocusProxy(lstIcons_);
-    resize(420, 420);
+    lstIcons_->setMinimumSize(360, 260);
+    lstIcons_->setCurrentRow(0);
 }
 
 void frmIcons::lstIcons_Click() {

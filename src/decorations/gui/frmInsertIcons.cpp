@@ -35,7 +35,6 @@ frmInsertIcons::frmInsertIcons(Services& services, modIcons& icons, std::functio
     OnEnter("cmdPlace_Click", [this] { cmdPlace_Click(); });
     connect(&icons_, &modIcons::iconsChanged, lstIcons_, &IconList::Refresh);
     setFocusProxy(lstIcons_);
-    resize(420, 360);
 }
 
 void frmInsertIcons::cmdPlace_Click() {
