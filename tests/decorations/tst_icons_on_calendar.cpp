@@ -78,6 +78,29 @@ private slots:
         QCOMPARE(f.IconsOn(QDate(2026, 9, 15)).size(), 1);
     }
 
+    void closingAsksAndYesSavesWhatWasChanged_data() {
+        QTest::addColumn<bool>("inTemplate");
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("month") << false << "Sep_Icons.dat" << QByteArray("09/15/2026:3\r\n");
+        QTest::newRow("template") << true << "Template.dat" << QByteArray("15:3\r\n");
+    }
+    void closingAsksAndYesSavesWhatWasChanged() {
+        QFETCH(bool, inTemplate);
+        QFETCH(QString, file);
+        QFETCH(QByteArray, content);
+        IconsFixture f;
+        if (inTemplate)
+            f.menu("mnuFileCreateTemplate")->trigger();
+        f.Drop(QDate(2026, 9, 15), 3);
+        f.env.dialogs.ExpectMsgBox(kMonthIconsChangedQuestion, vb::YesNoCancel | vb::Question,
+                                   kMonthIconsChangedTitle, vb::Yes);
+        f.env.dialogs.ExpectMsgBox(inTemplate ? kTemplateSaved : kMonthIconsSaved, vb::OKOnly, {});
+        QVERIFY(f.frame().close());
+        VERIFY_DIALOGS(f.env.dialogs);
+        QCOMPARE(f.env.read(file), content);
+    }
+
     void templateIconsAppearInANewMonth() {
         IconsFixture f;
         f.menu("mnuFileCreateTemplate")->trigger();
