@@ -169,7 +169,7 @@ private slots:
         VERIFY_DIALOGS(f.env.dialogs);
     }
 
-    void managerAddsAPictureAndAsksBeforeRemoving() {
+    void managerAddsAPictureRenamesItAndAsksBeforeRemoving() {
         IconsFixture f;
         QImage blue(100, 50, QImage::Format_ARGB32);
         blue.fill(Qt::blue);
@@ -185,8 +185,12 @@ private slots:
         QIcon added(f.env.path("images/4.ico"));
         QCOMPARE(added.pixmap(32, 32).toImage().pixelColor(16, 16), QColor(Qt::blue));
 
-        f.env.dialogs.ExpectMsgBox(RemoveIconQuestion("Flight"), kQuestionStyle, kRemoveIconTitle,
-                                   vb::Yes);
+        manager->Control<QLineEdit>("txtCaption")->setText("Flight: Rome");
+        manager->Control<QPushButton>("cmdChange")->click();
+        QCOMPARE(f.env.read("Icon Tags.dat"), "3:Dentist\r\n4:Flight: Rome\r\n");
+
+        f.env.dialogs.ExpectMsgBox(RemoveIconQuestion("Flight: Rome"), kQuestionStyle,
+                                   kRemoveIconTitle, vb::Yes);
         manager->Control<QPushButton>("cmdRemove")->click();
         VERIFY_DIALOGS(f.env.dialogs);
         QCOMPARE(f.env.read("Icon Tags.dat"), "3:Dentist\r\n");
