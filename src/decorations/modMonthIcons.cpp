@@ -77,6 +77,14 @@ QString TemplateIconsText(const QList<TemplateIcon>& icons) {
 modMonthIcons::modMonthIcons(Services& services, ChangeFlags& flags)
     : services_(services), flags_(flags) {}
 
+void modMonthIcons::ReadAllIcons() {
+    ReadTemplate();
+    for (int month = 1; month <= 12; ++month)
+        ReadMonth(month);
+    changedMonth_ = 0;
+    templateChanged_ = false;
+}
+
 modMonthIcons::MonthTable& modMonthIcons::Month(int month) {
     MonthTable& table = months_.at(month - 1);
     if (!table.read)

@@ -49,6 +49,10 @@ class modMonthIcons : public QObject {
 public:
     modMonthIcons(Services& services, ChangeFlags& flags);
 
+    // Reads the template and every month's file now rather than when first shown, so that a
+    // faulty file is reported at start-up and never while a calendar is being drawn.
+    void ReadAllIcons();
+
     // What a day shows: the template's icons on its day number, then the icons placed on the
     // date itself. While the template is being modified, only the template's.
     QList<int> IconsOn(const QDate& date);

@@ -72,6 +72,7 @@ void DecorationMenus::RegisterEditors() {
 
 void DecorationMenus::Load() {
     icons_.ReadIconTags();
+    monthIcons_.ReadAllIcons();
     monthShown_ = dates_.FirstOfMonth;
     selectedBefore_ = dates_.SelectedDate;
 }

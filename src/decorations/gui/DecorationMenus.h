@@ -32,7 +32,8 @@ class DecorationMenus : public QObject {
 public:
     explicit DecorationMenus(const DecorationContext& context);
 
-    // Load step: reads the icon captions and takes note of the month on show.
+    // Load step: reads the icon captions and the placed icons, and takes note of the month on
+    // show.
     void Load();
     // Places icon number on date (in the template while it is being modified).
     void PlaceIcon(const QDate& date, int number);
