@@ -13,7 +13,9 @@ ProgramState::ProgramState(const QString& dataFolder, Dialogs& dialogs, Clock& c
       toDo(services),
       contacts(services),
       terms(services, prefs),
-      budget(services) {
+      budget(services),
+      icons(services),
+      monthIcons(services, changes) {
     // Every store with a table per year reads both years again when the year on show changes.
     dates.AddYearStore(&marks);
     dates.AddYearStore(&notes);

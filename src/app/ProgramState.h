@@ -4,6 +4,8 @@
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
+#include "decorations/modIcons.h"
+#include "decorations/modMonthIcons.h"
 #include "help/modHelp.h"
 #include "holidays_birthdays/modBirthdays.h"
 #include "holidays_birthdays/modHolidays.h"
@@ -43,4 +45,6 @@ struct ProgramState {
     ContactList contacts;
     modFUT terms;
     modBudget budget;
+    modIcons icons;
+    modMonthIcons monthIcons;
 };

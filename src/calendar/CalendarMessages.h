@@ -24,10 +24,6 @@ inline const QString kDeleteMarksQuestion = QStringLiteral(
 inline const QString kNoMarksBackupMessage =
     QStringLiteral("There is no backup of this year's marks to restore.");
 
-inline const QString kRemoveIconsQuestion = QStringLiteral(
-    "Proceeding with this action will remove all icons for the entire month. Continue?");
-inline const QString kRemoveIconsTitle = QStringLiteral("Preparing to remove all Icons");
-
 // Shown when a category is given the colour of another one.
 inline QString DuplicateColorMessage(const QString& otherCaption) {
     return QStringLiteral(

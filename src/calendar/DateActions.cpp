@@ -183,11 +183,3 @@ void DateActions::mnuEditMarksHideAll_Click() {
 void DateActions::mnuEditMarkerSaveSettings_Click() {
     colors_.SaveMarkerColors(services_);
 }
-
-void DateActions::mnuOptDateRemoveAll_Click() {
-    services_.Trap("mnuOptDateRemoveAll_Click", [&] {
-        // The month's icons are removed by the icon store once there is one; until then the
-        // question is all there is.
-        services_.dialogs.MsgBox(kRemoveIconsQuestion, kQuestionStyle, kRemoveIconsTitle);
-    });
-}

@@ -34,8 +34,6 @@ public:
     void mnuEditMarksHideAll_Click();
     void mnuEditMarkerSaveSettings_Click();
 
-    void mnuOptDateRemoveAll_Click();
-
     // The title of the hover-text box for date.
     QString HoverTitle(const QDate& date) const;
 

@@ -185,15 +185,6 @@ private slots:
         QCOMPARE(f.env.read("2026Marks.dat"), "01:01:01:255");
         QCOMPARE(f.marks.MarkSet[(CellIndex{1, 1, 1})], qint16(-1));
     }
-
-    void removeAllIconsOnlyAsks() {
-        Fixture f("01:01:01:255");
-        f.env.dialogs.ExpectMsgBox(kRemoveIconsQuestion, kQuestionStyle, kRemoveIconsTitle,
-                                   vb::Yes);
-        f.actions.mnuOptDateRemoveAll_Click();
-        VERIFY_DIALOGS(f.env.dialogs);
-        QCOMPARE(f.env.read("2026Marks.dat"), "01:01:01:255");
-    }
 };
 
 ORVANTA_TEST_MAIN(DateActionsTest)

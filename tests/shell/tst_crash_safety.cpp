@@ -27,6 +27,8 @@
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
+#include "decorations/DecorationMessages.h"
+#include "decorations/modMonthIcons.h"
 #include "notes_planner/ExternalFileMessages.h"
 #include "notes_planner/UnsavedWork.h"
 #include "notes_planner/modNotes.h"
@@ -37,6 +39,7 @@
 #include "reports/ReportMessages.h"
 #include "reports/modBudget.h"
 #include "shell/DateFormats.h"
+#include "shell/Prompts.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 #include "shell/UserPreferences.h"
@@ -201,6 +204,17 @@ void SaveBudget(Folder& folder, int content) {
     budget.SaveBudget(budgets);
 }
 
+void SaveMonthIcons(Folder& folder, int content) {
+    ChangeFlags flags;
+    modMonthIcons icons(folder.services, flags);
+    icons.RemoveAllIcons(QDate(2026, 9, 1));
+    for (int day = 1; day <= 30; ++day)
+        for (int i = 0; i <= content; ++i)
+            icons.PlaceIcon(QDate(2026, 9, day), 10 * i + day);
+    folder.dialogs.ExpectMsgBox(kMonthIconsSaved, vb::OKOnly, {});
+    icons.SaveMonthIcons(9);
+}
+
 struct Store {
     const char* procedure;
     QString file;
@@ -222,6 +236,7 @@ const Store kStores[] = {
     {"SaveEmployeeInfo", kEmployeeInfoFile, {}, SaveContacts},
     {"SaveFrequentlyUsedTerms", kDefaultTermFile, {}, SaveTerms},
     {"SaveBudget", kBudgetFile, {}, SaveBudget},
+    {"SaveMonthIcons", "Sep_Icons.dat", {}, SaveMonthIcons},
 };
 
 const QByteArray kMissing = "<missing>";

@@ -55,11 +55,12 @@ private slots:
 
     void newDataFolderReceivesTheHelpTopicsButNothingIsOverwritten() {
         TestEnv env;
-        QCOMPARE(InstallDefaultFiles(env.state->services), QStringList{"Help_Topics.txt"});
+        QCOMPARE(InstallDefaultFiles(env.state->services).first(), "Help_Topics.txt");
         QCOMPARE(env.read("Help_Topics.txt"), DefaultHelp());
 
         TestEnv own;
         own.write("help_topics.TXT", "*Mine:my own help");
+        own.write("icon tags.DAT", "");
         QCOMPARE(InstallDefaultFiles(own.state->services), QStringList());
         QCOMPARE(own.read("help_topics.TXT"), "*Mine:my own help");
         VERIFY_DIALOGS(own.dialogs);

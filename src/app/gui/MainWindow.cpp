@@ -8,6 +8,7 @@
 #include "calendar/gui/CalendarOptionMenus.h"
 #include "calendar/gui/CalendarView.h"
 #include "decorations/gui/CalendarPrintMenus.h"
+#include "decorations/gui/DecorationMenus.h"
 #include "help/gui/HelpMenus.h"
 #include "holidays_birthdays/gui/HolidaysBirthdaysMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
@@ -27,6 +28,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     auto* help = new HelpMenus(frame, state.help, state.services);
     auto* calendar =
         new CalendarMenus(frame, state.services, state.dates, state.markerColors, state.marks);
+    auto* decorations = new DecorationMenus({frame, state.services, state.dates, state.changes,
+                                             state.icons, state.monthIcons, *calendar});
     auto* assignment = new AssignmentMenus(frame, state.services, state.contacts, state.prefs);
     auto* terms = new TermMenus(frame, state.services, state.prefs, state.terms,
                                 [calendar]() -> QWidget* { return calendar->calendarView(); });
@@ -79,6 +82,7 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
                      &AlertTray::Refresh);
     window.help = help;
     window.calendar = calendar;
+    window.decorations = decorations;
     window.notesPlanner = notesPlanner;
     window.reminders = reminders;
     window.terms = terms;
@@ -88,14 +92,15 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     // per-year stores, the alerts, the birthdays and the to-do list, then the year's calendar
     // and the month's tasks and the term window; last, typing a session ended without saving
     // is offered back, and what is due is announced on the desktop.
-    frame.SetLoadSteps([&state, &frame, help, calendar, notesPlanner, holidaysBirthdays, reminders,
-                        terms, showSaved] {
+    frame.SetLoadSteps([&state, &frame, help, calendar, decorations, notesPlanner,
+                        holidaysBirthdays, reminders, terms, showSaved] {
         help->LoadHelpTopics();
         state.prefs.GetUserPreferences(state.services);
         showSaved();
         state.dates.SelectedDate = state.services.clock.today();
         state.dates.SetYearBounds();
         calendar->ReadMarkerColors();
+        decorations->Load();
         state.dates.AssignThisYearsDateHolders();
         state.dates.AssignNextYearsDateholders();
         state.dates.ReadYearStores();

@@ -5,6 +5,7 @@
 #include "shell/gui/frmMain.h"
 
 class CalendarMenus;
+class DecorationMenus;
 class HelpMenus;
 class NotesPlannerMenus;
 class TermMenus;
@@ -17,6 +18,7 @@ struct ProgramState;
 struct MainWindow {
     std::unique_ptr<frmMain> frame;
     CalendarMenus* calendar = nullptr;
+    DecorationMenus* decorations = nullptr;
     HelpMenus* help = nullptr;
     NotesPlannerMenus* notesPlanner = nullptr;
     RemindersMenus* reminders = nullptr;

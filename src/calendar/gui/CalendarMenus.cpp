@@ -134,6 +134,7 @@ void CalendarMenus::ShowCalendar(ViewKind kind) {
                 [this](const QDate&, const QPoint& at) { DateOptionsMenu()->popup(at); });
         connect(created, &CalendarView::dateActivated, this, &CalendarMenus::dayActivated);
         created->setAccessibleName(QStringLiteral("Calendar"));
+        connect(created, &CalendarView::iconDropped, this, &CalendarMenus::iconDropped);
         return created;
     }));
     view->SetViewKind(kind);
@@ -249,8 +250,6 @@ void CalendarMenus::ConnectMarkMenus() {
            [actions] { actions->mnuEditDeleteMarks_Click(); });
     Handle(item(QStringLiteral("mnuOptCalendarRestoreMarks")), this,
            [actions] { actions->mnuOptCalendarRestoreMarks_Click(); });
-    Handle(item(QStringLiteral("mnuOptDateRemoveAll")), this,
-           [actions] { actions->mnuOptDateRemoveAll_Click(); });
     Handle(item(QStringLiteral("mnuManageDisplayedMarks")), this,
            &CalendarMenus::mnuManageDisplayedMarks_Click);
     Handle(item(QStringLiteral("mnuManageUserColors")), this,

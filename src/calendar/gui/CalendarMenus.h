@@ -54,6 +54,8 @@ public:
 signals:
     // A day was double-clicked, or Enter pressed on it, in a calendar view.
     void dayActivated(const QDate& date);
+    // A picture was dropped on a day of a calendar view.
+    void iconDropped(const QDate& date, int iconNumber);
 
 private:
     void ConnectMarkMenus();

@@ -1,9 +1,14 @@
 #include "calendar/gui/CalendarView.h"
 
 #include <QContextMenuEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QHelpEvent>
+#include <QIcon>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QToolTip>
 
 #include "calendar/DateModel.h"
@@ -34,6 +39,7 @@ CalendarView::CalendarView(DateModel& dates, const Clock& clock,
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(420, 320);
+    setAcceptDrops(true);
     firstShown_ = dates_.FirstOfMonth;
     connect(&dates_, &DateModel::selectedDateChanged, this, [this](const QDate& date) {
         FollowSelection(date);
@@ -287,12 +293,88 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
                                                         : inner;
     painter.drawText(numberBox, numberAlignment, QString::number(date.day()));
     PaintIndicators(painter, cell, look);
+    PaintIcons(painter, cell, date, look);
     if (Large()) {
         painter.setPen(ink);
-        PaintCaptions(painter, inner, inner.top() + numberHeight + 2, look);
+        // Captions stop above the row of pictures.
+        QRect text = inner;
+        if (!look.icons.isEmpty())
+            text.setBottom(IconRects(cell, 1).value(0, cell).top() - 2);
+        PaintCaptions(painter, text, inner.top() + numberHeight + 2, look);
     } else if (named) {
         PaintSmallCaption(painter, cell, room, look.captions.first(), ink);
     }
+}
+
+// The one-month sheet lines a day's pictures up along the bottom of its cell, as many as fit;
+// the picture selected for removal gets a frame. A small sheet shows only that the day has
+// pictures: a dot in its lower left corner.
+QList<QRect> CalendarView::IconRects(const QRect& cell, int count) const {
+    QList<QRect> rects;
+    const int size = std::clamp(cell.height() / 3, 16, 32);
+    const int gap = 3;
+    int x = cell.left() + gap + 1;
+    const int y = cell.bottom() - gap - size;
+    for (int i = 0; i < count && x + size <= cell.right() - gap; ++i) {
+        rects.append(QRect(x, y, size, size));
+        x += size + gap;
+    }
+    return rects;
+}
+
+void CalendarView::PaintIcons(QPainter& painter, const QRect& cell, const QDate& date,
+                              const DayLook& look) const {
+    if (look.icons.isEmpty())
+        return;
+    if (!Large()) {
+        const int size = std::max(5, cell.height() / 4);
+        painter.setPen(QPen(Qt::white, 1));
+        painter.setBrush(QColor(224, 112, 0));
+        painter.drawEllipse(QRect(cell.left() + 2, cell.bottom() - size - 1, size, size));
+        return;
+    }
+    const QList<QRect> rects = IconRects(cell, int(look.icons.size()));
+    for (int i = 0; i < rects.size(); ++i) {
+        const QRect& place = rects[i];
+        const QString& path = look.icons[i].picturePath;
+        const QString key = path + QLatin1Char('@') + QString::number(place.width());
+        QPixmap picture;
+        if (!path.isEmpty() && !QPixmapCache::find(key, &picture)) {
+            picture = QIcon(path).pixmap(place.size());
+            QPixmapCache::insert(key, picture);
+        }
+        if (picture.isNull()) {
+            // A picture that is missing or unreadable still shows where the icon is.
+            painter.setPen(QPen(palette().color(QPalette::Mid), 1, Qt::DashLine));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRect(place.adjusted(0, 0, -1, -1));
+        } else {
+            painter.drawPixmap(place.topLeft(), picture);
+        }
+        if (selectedIcon_.date == date && selectedIcon_.index == i) {
+            painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRect(place.adjusted(-2, -2, 1, 1));
+        }
+    }
+}
+
+CalendarView::IconRef CalendarView::IconAt(const QPoint& point) const {
+    if (!Large() || !lookOf_)
+        return {};
+    const QDate date = DateAt(point);
+    if (!date.isValid() || !dates_.HolderFor(date))
+        return {};
+    const QList<QRect> rects = IconRects(DayRect(date), int(lookOf_(date).icons.size()));
+    for (int i = 0; i < rects.size(); ++i)
+        if (rects[i].adjusted(-1, -1, 1, 1).contains(point))
+            return {date, i};
+    return {};
+}
+
+void CalendarView::ClearIconSelection() {
+    selectedIcon_ = {};
+    update();
 }
 
 // The print of a holiday's or birthday's name in a small sheet's day cell.
@@ -347,8 +429,11 @@ void CalendarView::Select(const QDate& date) {
 
 void CalendarView::mousePressEvent(QMouseEvent* event) {
     setFocus(Qt::MouseFocusReason);
-    if (event->button() == Qt::LeftButton)
-        Select(DateAt(event->position().toPoint()));
+    if (event->button() != Qt::LeftButton)
+        return;
+    selectedIcon_ = IconAt(event->position().toPoint());
+    Select(DateAt(event->position().toPoint()));
+    update();
 }
 
 void CalendarView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -403,11 +488,15 @@ bool CalendarView::event(QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const QDate date = DateAt(help->pos());
     QStringList lines;
-    if (date.isValid() && lookOf_ && dates_.HolderFor(date)) {
+    if (const IconRef icon = IconAt(help->pos()); icon.date.isValid()) {
+        lines.append(lookOf_(icon.date).icons.at(icon.index).caption);
+    } else if (date.isValid() && lookOf_ && dates_.HolderFor(date)) {
         const DayLook look = lookOf_(date);
         lines = look.captions;
         if (!look.hoverText.isEmpty())
             lines.append(look.hoverText);
+        for (const DayIcon& icon : look.icons)
+            lines.append(icon.caption);
     }
     if (lines.isEmpty()) {
         QToolTip::hideText();
@@ -416,4 +505,29 @@ bool CalendarView::event(QEvent* event) {
         QToolTip::showText(help->globalPos(), lines.join(QLatin1Char('\n')), this);
     }
     return true;
+}
+
+// Pictures are dropped on a day as their number (kIconMimeType); what the number stands for
+// is the business of whoever listens to iconDropped.
+void CalendarView::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasFormat(kIconMimeType))
+        event->acceptProposedAction();
+}
+
+void CalendarView::dragMoveEvent(QDragMoveEvent* event) {
+    const QDate date = DateAt(event->position().toPoint());
+    if (event->mimeData()->hasFormat(kIconMimeType) && date.isValid() && dates_.HolderFor(date))
+        event->acceptProposedAction();
+    else
+        event->ignore();
+}
+
+void CalendarView::dropEvent(QDropEvent* event) {
+    const QDate date = DateAt(event->position().toPoint());
+    const int number = event->mimeData()->data(kIconMimeType).toInt();
+    if (!date.isValid() || !dates_.HolderFor(date) || number <= 0)
+        return event->ignore();
+    event->acceptProposedAction();
+    Select(date);
+    emit iconDropped(date, number);
 }

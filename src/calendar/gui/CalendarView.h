@@ -11,6 +11,9 @@
 class Clock;
 class DateModel;
 
+// The drag-and-drop type of a picture dragged onto a day: the icon's number as text.
+inline const QString kIconMimeType = QStringLiteral("application/x-orvanta-icon");
+
 // The calendar sheets of the main window: one month (a large grid with weekday names), six
 // months, or the twelve months of the year on show. Days are laid out from the date holders;
 // each day shows what the decorators say about it. A click selects the date, the arrow keys
@@ -44,9 +47,23 @@ public:
 
     static const QStringList& WeekdayNames();
 
+    // The picture clicked last on the one-month sheet: its day and its place among the day's
+    // pictures (DayLook::icons). An invalid date when none is selected.
+    struct IconRef {
+        QDate date;
+        int index = -1;
+    };
+    IconRef SelectedIcon() const { return selectedIcon_; }
+    void ClearIconSelection();
+    // Where the day's pictures are drawn on the one-month sheet, in the order of
+    // DayLook::icons; only those that fit in the cell.
+    QList<QRect> IconRects(const QRect& cell, int count) const;
+
 signals:
     void dateActivated(const QDate& date);
     void contextMenuAt(const QDate& date, const QPoint& globalPos);
+    // A picture (kIconMimeType) was dropped on a day.
+    void iconDropped(const QDate& date, int iconNumber);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -55,6 +72,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     bool event(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     struct Sheet {
@@ -70,6 +90,10 @@ private:
     void PaintSheet(QPainter& painter, const Sheet& sheet) const;
     void PaintDay(QPainter& painter, const QRect& cell, const QDate& date) const;
     void PaintIndicators(QPainter& painter, const QRect& cell, const DayLook& look) const;
+    void PaintIcons(QPainter& painter, const QRect& cell, const QDate& date,
+                    const DayLook& look) const;
+    // The picture under a point of the one-month sheet.
+    IconRef IconAt(const QPoint& point) const;
     QFont TinyFont() const;
     void PaintSmallCaption(QPainter& painter, const QRect& cell, bool room, const QString& caption,
                            const QColor& ink) const;
@@ -91,4 +115,5 @@ private:
     QDate firstShown_;
     // Today, asked of the clock once per paint.
     QDate today_;
+    IconRef selectedIcon_;
 };
