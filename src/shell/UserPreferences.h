@@ -32,6 +32,8 @@ inline const QString NetworkShareDrive = QStringLiteral("Network Share Drive:");
 inline const QString MainWindowPosition = QStringLiteral("Main Window Position:");
 // What a mile is paid in the mileage report, a number such as 0.70; empty when nothing is paid.
 inline const QString MileageRate = QStringLiteral("Mileage Rate:");
+// The time zone written into exported iCalendar times (an IANA name); empty for floating times.
+inline const QString CalendarTimeZone = QStringLiteral("Calendar Time Zone:");
 
 // Every key the program knows, in the order a new file lists them.
 const QStringList& All();

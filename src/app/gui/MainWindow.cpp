@@ -7,6 +7,7 @@
 #include "calendar/gui/CalendarView.h"
 #include "help/gui/HelpMenus.h"
 #include "holidays_birthdays/gui/HolidaysBirthdaysMenus.h"
+#include "ical/gui/ICalMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
 #include "reminders/gui/AlertTray.h"
 #include "reminders/gui/RemindersMenus.h"
@@ -49,6 +50,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
         {frame, state.services, state.dates, state.holidays, state.birthdays, *calendar});
     new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
     new ShellMenus(frame, state.services, state.prefs);
+    new ICalMenus(frame, {state.services, state.prefs, state.dates, state.planner, state.notes,
+                          state.holidays});
     new CalculatorMenus(frame, state.services, state.dates);
     auto* reminders =
         new RemindersMenus(frame, state.services, state.dates, state.alerts, state.toDo, printer);
