@@ -11,7 +11,8 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-qpa-plugins
-          libgl-dev pkgconf libical-dev xvfb xauth fonts-liberation poppler-utils)
+          libgl-dev pkgconf libical-dev xvfb xauth fonts-liberation poppler-utils
+          python3-icalendar)
 
 install_missing() {
     local missing=() package

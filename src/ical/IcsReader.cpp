@@ -92,6 +92,9 @@ public:
 
     // The years an all-day event that does not repeat falls in.
     QSet<int> allDayYears;
+    // The expense and mileage summaries this program exported, which an import leaves out:
+    // the pages keep their own figures.
+    int figures = 0;
 
 private:
     void NoteOverride(icalcomponent* event) {
@@ -243,10 +246,7 @@ private:
         const QDate date = DateOfComponent(icalcomponent_get_dtstart(journal));
         if (Text(icalcomponent_get_uid(journal))
                 .endsWith(QStringLiteral("-figures") + kUidDomain)) {
-            content_.leftOut << QStringLiteral(
-                                    "The expense and mileage summary of %1 is left "
-                                    "out: the planner page keeps its own figures.")
-                                    .arg(DateText(date));
+            ++figures;
             return;
         }
         QString text = Text(icalcomponent_get_description(journal));
@@ -288,6 +288,13 @@ IcsContent ReadIcs(const QByteArray& bytes, const DateRange& range, const QTimeZ
     const Component root(icalparser_parse_string(terminated.constData()));
     Reader reader(range, zone, content);
     reader.Read(Calendars(root.get()));
+    if (reader.figures > 0)
+        content.leftOut << QStringLiteral(
+                               "%1 expense and mileage %2 left out: the planner "
+                               "pages keep their own figures.")
+                               .arg(reader.figures)
+                               .arg(reader.figures == 1 ? QStringLiteral("summary is")
+                                                        : QStringLiteral("summaries are"));
     // All-day events: every date of the range, and the own date of one that does not repeat.
     QSet<int> years = reader.allDayYears;
     for (int year : rangeYears)
