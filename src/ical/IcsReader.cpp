@@ -92,6 +92,7 @@ public:
 
     // The years an all-day event that does not repeat falls in.
     QSet<int> allDayYears;
+    int allDayEvents = 0;
     // The expense and mileage summaries this program exported, which an import leaves out:
     // the pages keep their own figures.
     int figures = 0;
@@ -121,6 +122,7 @@ private:
             return;
         }
         if (icaltime_is_date(start)) {
+            ++allDayEvents;
             if (!repeats)
                 allDayYears.insert(start.year);
             return;  // all-day events are read as the holiday manager reads them
@@ -302,8 +304,11 @@ IcsContent ReadIcs(const QByteArray& bytes, const DateRange& range, const QTimeZ
     QList<int> ordered(years.begin(), years.end());
     std::sort(ordered.begin(), ordered.end());
     for (int year : ordered) {
+        if (reader.allDayEvents == 0)
+            break;
         const bool inRange = rangeYears.contains(year);
-        for (const IcsHoliday& holiday : HolidaysFromIcs(bytes, year).holidays)
+        const IcsImport found = year == rangeYears.value(0) ? check : HolidaysFromIcs(bytes, year);
+        for (const IcsHoliday& holiday : found.holidays)
             if (!inRange || range.Contains(holiday.date))
                 content.allDay << DatedHoliday{holiday.date, holiday.summary};
     }
