@@ -8,10 +8,10 @@
 
 const QStringList& prefkey::All() {
     static const QStringList keys = {
-        SharedDirectory,   CompanyName, CompanyAddress1,   CompanyAddress2,    CompanyCityStateZip,
-        CompanyPhone,      CompanyFax,  CompanyWebsite,    CompanyEmail,       AutoCompleteWord,
-        AutoStartPosition, ShowFut,     MinimizeFut,       DefaultPrinter,     FrequentTermsFile,
-        LoadFutPosition,   FutPosition, NetworkShareDrive, MainWindowPosition, CalendarTimeZone};
+        SharedDirectory,   CompanyName, CompanyAddress1,   CompanyAddress2,   CompanyCityStateZip,
+        CompanyPhone,      CompanyFax,  CompanyWebsite,    CompanyEmail,      AutoCompleteWord,
+        AutoStartPosition, ShowFut,     MinimizeFut,       DefaultPrinter,    FrequentTermsFile,
+        LoadFutPosition,   FutPosition, NetworkShareDrive, MainWindowPosition};
     return keys;
 }
 
