@@ -42,6 +42,13 @@ public:
         PlannerPage* page = Page(event.date);
         if (!page)
             return;
+        // An appointment the page already has at that time (a file imported twice) stays once.
+        const QString label = datefmt::MediumTime(event.start);
+        for (int l = 0; l < kAppointmentLines; ++l)
+            if (page->slotTexts[l] == texts.value(0) && page->times[l] == label) {
+                ++alreadyThere_;
+                return;
+            }
         const int hourLine = event.start.hour() - kFirstLineHour;
         int line = -1;
         const auto free = [&](int l) { return page->slotTexts[l].isEmpty(); };
@@ -59,7 +66,7 @@ public:
             return;
         }
         page->slotTexts[line] = texts.value(0);
-        page->times[line] = datefmt::MediumTime(event.start);
+        page->times[line] = label;
         page->bold[line] = event.priority;
         // The further lines of the text go on the empty lines below as continuance lines, or,
         // where those are taken, after the first line's text.
@@ -82,6 +89,11 @@ public:
         PlannerPage* page = text ? Page(toDo.date) : nullptr;
         if (!page)
             return;
+        for (int j = 0; j < kPlannerToDoItems; ++j)
+            if (page->slotTexts[kFirstToDoSlot + j] == *text) {
+                ++alreadyThere_;
+                return;
+            }
         for (int j = 0; j < kPlannerToDoItems; ++j) {
             if (page->slotTexts[kFirstToDoSlot + j].isEmpty()) {
                 page->slotTexts[kFirstToDoSlot + j] = *text;
@@ -113,7 +125,11 @@ public:
                 journal.date,
                 at < 0 ? QString() : DecodeLineBreaks(textfile::Decode(file.entries.payloads[at])));
         }
-        // A note already there stays; the journal goes below it.
+        // A note already there stays; the journal goes below it, unless the note holds it.
+        if (found->contains(text)) {
+            ++alreadyThere_;
+            return;
+        }
         if (!found->trimmed().isEmpty())
             *found += QStringLiteral("\r\n");
         *found += text;
@@ -213,9 +229,14 @@ private:
 
 public:
     // A page the import leaves as it was (everything for it refused) does not change.
-    void DropUnchangedPages() {
+    void Finish() {
         plan_.pages.removeIf(
             [&](const auto& it) { return originals_.value(it.key()) == it.value(); });
+        if (alreadyThere_ == 1)
+            Notice(QStringLiteral("1 entry already in the planner is left as it is."));
+        else if (alreadyThere_ > 1)
+            Notice(QStringLiteral("%1 entries already in the planner are left as they are.")
+                       .arg(alreadyThere_));
     }
 
 private:
@@ -224,6 +245,8 @@ private:
     QHash<int, YearFile> plannerFiles_;
     QHash<int, YearFile> notesFiles_;
     QHash<QDate, PlannerPage> originals_;
+    // The events, to-dos and journals the planner already holds, which are not added again.
+    int alreadyThere_ = 0;
 };
 
 // A list of dates for the preview, a few of them named.
@@ -278,7 +301,7 @@ ImportPlan PlanImport(Services& services, const IcsContent& content, bool withHo
                             .arg(Count(content.allDay.size(), "all-day event", "all-day events"));
     }
     plan.notices += content.leftOut;
-    planner.DropUnchangedPages();
+    planner.Finish();
     plan.holidayLines.removeIf([&](const auto& year) {
         return std::none_of(plan.holidayDates.begin(), plan.holidayDates.end(),
                             [&](const QDate& date) { return date.year() == year.key(); });

@@ -144,6 +144,14 @@ private slots:
         QCOMPARE(page.slotTexts[3], "Existing");
         QCOMPARE(page.slotTexts[4], "Review");
         QCOMPARE(env.read("2026/Notes.dat"), "09/07/26:080101:Old note\r\n");
+
+        // The same file again adds nothing: the page has the appointment at that time.
+        env.dialogs.ExpectMsgBox(
+            "Nothing in the file can be imported.\r\n1 entry already in "
+            "the planner is left as it is.",
+            kInformationStyle, kImportICalTitle);
+        menus.ImportFile(path);
+        VERIFY_DIALOGS(env.dialogs);
     }
 };
 
