@@ -26,14 +26,23 @@ QString Fingerprint(const QString& text) {
 // chosen zone (or floating).
 class Writer {
 public:
-    Writer(icaltimezone* zone, const QDateTime& stamp)
+    // earliest: the first date a zoned time is written for; the zone's rules from then on
+    // are enough (its whole history back to 1893 trips up other readers).
+    Writer(icaltimezone* zone, const QDateTime& stamp, const QDate& earliest)
         : calendar_(icalcomponent_new_vcalendar()), zone_(zone) {
         icalcomponent_add_property(calendar_.get(), icalproperty_new_version("2.0"));
         icalcomponent_add_property(calendar_.get(),
                                    icalproperty_new_prodid("-//Orvanta//Orvanta Planner//EN"));
-        if (zone)
-            icalcomponent_add_component(calendar_.get(),
-                                        icalcomponent_new_clone(icaltimezone_get_component(zone)));
+        if (zone) {
+            icalcomponent* rules = icalcomponent_new_clone(icaltimezone_get_component(zone));
+            if (earliest.isValid())
+                icaltimezone_truncate_vtimezone(
+                    rules,
+                    DateTimeValue(QDate(earliest.year(), 1, 1), QTime(0, 0),
+                                  icaltimezone_get_utc_timezone()),
+                    icaltime_null_time(), 0);
+            icalcomponent_add_component(calendar_.get(), rules);
+        }
         stamp_ = icaltime_from_timet_with_zone(stamp.toSecsSinceEpoch(), 0,
                                                icaltimezone_get_utc_timezone());
     }
@@ -280,7 +289,11 @@ IcsExport ExportToIcs(const CalendarData& data, const QString& timeZone, const Q
             return result;
         }
     }
-    Writer writer(zone, stamp);
+    QDate earliest;
+    for (const DatedPage& page : data.pages)
+        if (!earliest.isValid() || page.date < earliest)
+            earliest = page.date;
+    Writer writer(zone, stamp, earliest);
     for (const DatedPage& page : data.pages)
         AddPage(writer, page);
     for (const DatedNote& note : data.notes)
