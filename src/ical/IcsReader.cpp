@@ -270,6 +270,26 @@ private:
     QHash<QString, QSet<time_t>> overridden_;
 };
 
+// problem with the number of the file's line it quotes, when it quotes one: libical's
+// complaint ends with the text it could not read ("...: BADLINE").
+QString WithLineNumber(const QString& problem, const QByteArray& bytes) {
+    const qsizetype colon = problem.lastIndexOf(QLatin1String(": "));
+    QString quoted = problem.mid(colon + 2);
+    if (quoted.endsWith(QLatin1Char('.')))
+        quoted.chop(1);
+    if (colon < 0 || quoted.trimmed().size() < 2)
+        return problem;
+    int number = 0;
+    const QList<QByteArray> lines = bytes.split('\n');
+    for (const QByteArray& line : lines) {
+        ++number;
+        if (QString::fromUtf8(line).contains(quoted))
+            return problem.chopped(problem.endsWith(QLatin1Char('.')) ? 1 : 0) +
+                   QStringLiteral(" (line %1).").arg(number);
+    }
+    return problem;
+}
+
 }  // namespace
 
 IcsContent ReadIcs(const QByteArray& bytes, const DateRange& range, const QTimeZone& zone) {
@@ -283,7 +303,7 @@ IcsContent ReadIcs(const QByteArray& bytes, const DateRange& range, const QTimeZ
     }();
     const IcsImport check = HolidaysFromIcs(bytes, rangeYears.value(0, 2000));
     if (!check.problem.isEmpty()) {
-        content.problem = check.problem;
+        content.problem = WithLineNumber(check.problem, bytes);
         return content;
     }
     const QByteArray terminated = Terminated(bytes);

@@ -61,6 +61,10 @@ with tempfile.TemporaryDirectory() as tmp:
     for event in events:
         assert event.decoded("DTEND") > event.decoded("DTSTART"), event["UID"]
 
+    # Without --yes the import only tells what it would change.
+    out = run(orvanta, "--data-dir", str(target), "ics", "import", str(ics), "--years", "2026")
+    assert "365 planner pages will change" in out, out
+    assert not any(target.iterdir()), "an import without --yes writes nothing"
     out = run(orvanta, "--data-dir", str(target), "ics", "import", str(ics),
               "--years", "2026", "--yes")
     assert "365 planner pages will change" in out, out

@@ -113,7 +113,8 @@ private slots:
             ReadIcs(Calendar({"BEGIN:VEVENT", "DTSTART:20260907T100000", "SUMMARY:x",
                               "BADLINE WITHOUT COLON", "END:VEVENT"}),
                     YearRange(2026), QTimeZone::utc());
-        QVERIFY2(broken.problem.contains("BADLINE"), qPrintable(broken.problem));
+        QVERIFY2(broken.problem.contains("BADLINE") && broken.problem.endsWith("(line 7)."),
+                 qPrintable(broken.problem));
     }
 
     // The preview comes before any writing: No leaves every file as it was; Yes writes the
