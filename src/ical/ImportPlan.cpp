@@ -117,7 +117,7 @@ public:
         if (found == plan_.notes.end()) {
             YearFile& file = File(notesFiles_, journal.date.year(), kNotesFile);
             if (!file.whole) {
-                RefuseYear(journal.date.year(), kNotesFile);
+                RefuseYear(YearFileName(journal.date.year(), kNotesFile));
                 return;
             }
             const qsizetype at = file.entries.IndexOf(datefmt::MmDdYy(journal.date));
@@ -142,7 +142,7 @@ public:
             std::optional<QStringList> read;
             if (!services_.Trap("LoadHolidayList",
                                 [&] { read = ReadHolidayLines(services_.AppFolder, year); })) {
-                RefuseYear(year, HolidayFileName(year));
+                RefuseYear(HolidayFileName(year));
                 return;
             }
             lines = plan_.holidayLines.insert(year, read.value_or(QStringList()));
@@ -182,14 +182,13 @@ private:
                    .arg(text.left(60), DateText(date), character));
     }
 
-    void RefuseYear(int year, const QString& file) {
+    void RefuseYear(const QString& file) {
         const QString notice = QStringLiteral(
                                    "Nothing is imported into %1: it could not be read "
                                    "whole, and is left as it is.")
                                    .arg(file);
         if (!plan_.notices.contains(notice))
             Notice(notice);
-        (void)year;
     }
 
     void Notice(const QString& notice) { plan_.notices << notice; }
@@ -216,7 +215,7 @@ private:
             return &*found;
         YearFile& file = File(plannerFiles_, date.year(), kPlannerFile);
         if (!file.whole) {
-            RefuseYear(date.year(), YearFileName(date.year(), kPlannerFile));
+            RefuseYear(YearFileName(date.year(), kPlannerFile));
             return nullptr;
         }
         const qsizetype at = file.entries.IndexOf(datefmt::MmDdYy(date));

@@ -106,6 +106,21 @@ private slots:
         QCOMPARE(plan.notes.value(kDay), "Old note\r\nNew\r\nentry");
     }
 
+    // A planner file that stops at a faulty line is never written over: its pages are refused.
+    void aYearReadInPartIsLeftAsItIs() {
+        TestEnv env;
+        WriteDay(env);
+        env.write("2026/Planner.dat", env.read("2026/Planner.dat") + "09/08/26:xx\r\n");
+        const ImportPlan plan =
+            PlanImport(env.state->services,
+                       ReadIcs(Calendar(Event("a", "20260907T101500", "Review")), YearRange(2026),
+                               QTimeZone::utc()),
+                       false);
+        QVERIFY(plan.pages.isEmpty());
+        QCOMPARE(plan.notices, QStringList{"Nothing is imported into 2026\\Planner.dat: it could "
+                                           "not be read whole, and is left as it is."});
+    }
+
     void notIcalendarIsRefusedNamingTheLine() {
         const IcsContent read = ReadIcs("hello", YearRange(2026), QTimeZone::utc());
         QVERIFY(read.problem.contains("not an iCalendar file"));
