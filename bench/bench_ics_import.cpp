@@ -83,9 +83,10 @@ int main(int argc, char** argv) {
         file.open(QIODevice::ReadOnly);
         const QByteArray bytes = file.readAll();
         const IcsContent content = ReadIcs(bytes, range, QTimeZone::systemTimeZone());
-        const ImportPlan plan = PlanImport(state.services, content, false);
-        ApplyImport({state.services, state.planner, state.notes, state.holidays, state.dates},
-                    plan);
+        const ImportPlan plan = PlanImport(state.services, content, AllDayAs::LeftOut);
+        ApplyImport(
+            {state.services, state.planner, state.notes, state.holidays, state.marks, state.dates},
+            plan);
         import.push_back(timer.nsecsElapsed() / 1e6);
         events = content.events.size();
         pages = plan.pages.size();

@@ -54,7 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                     "a refused file brings nothing");
         return 0;
     }
-    const ImportPlan plan = PlanImport(fuzz::services(), content, true);
+    const ImportPlan plan =
+        PlanImport(fuzz::services(), content, size % 2 ? AllDayAs::Holidays : AllDayAs::Marks, 255);
     for (const PlannerPage& page : plan.pages)
         for (int slot = 0; slot < kPlannerSlots; ++slot)
             fuzz::Check(page.slotTexts[slot].size() <= SlotWidth(slot), "every text fits its slot");

@@ -54,10 +54,10 @@ int Search(const QStringList& arguments, const QString& dataFolder, QTextStream&
            QTextStream& err);
 
 // ics export FILE [--from YYYY-MM-DD] [--to YYYY-MM-DD]: the planner as an iCalendar file.
-// ics import FILE [--years YYYY[-YYYY]] [--holidays] [--yes]: prints what the file would
+// ics import FILE [--years YYYY[-YYYY]] [--holidays | --marks] [--yes]: prints what the file would
 // change (repeating events taken over the years given, this year by default; all-day events
-// made holidays with --holidays) and writes it only with --yes. ics check FILE: whether libical
-// takes the file whole.
+// made holidays with --holidays, Holiday marks with --marks) and writes it only with --yes. ics
+// check FILE: whether libical takes the file whole.
 int Ics(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
         QTextStream& err);
 

@@ -1,5 +1,5 @@
 // orvanta ics export FILE [--from YYYY-MM-DD] [--to YYYY-MM-DD]
-// orvanta ics import FILE [--years YYYY[-YYYY]] [--holidays] [--yes]
+// orvanta ics import FILE [--years YYYY[-YYYY]] [--holidays | --marks] [--yes]
 // orvanta ics check FILE
 #include <QFile>
 #include <QTextStream>
@@ -16,7 +16,7 @@ namespace {
 
 const QString kUsage = QStringLiteral(
     "ics export FILE [--from YYYY-MM-DD] [--to YYYY-MM-DD] | ics import FILE [--years "
-    "YYYY[-YYYY]] [--holidays] [--yes] | ics check FILE");
+    "YYYY[-YYYY]] [--holidays | --marks] [--yes] | ics check FILE");
 
 int Usage(QTextStream& err, const QString& problem) {
     err << "orvanta: " << problem << " (usage: orvanta " << kUsage << ")\n";
@@ -28,7 +28,7 @@ struct IcsOptions {
     QString file;
     DateRange range;
     std::optional<DateRange> years;
-    bool holidays = false;
+    AllDayAs allDay = AllDayAs::LeftOut;
     bool yes = false;
 };
 
@@ -72,7 +72,9 @@ QString ParseIcsArguments(const QStringList& arguments, IcsOptions& options) {
             if (!options.years)
                 return QStringLiteral("--years needs a year or two, written YYYY or YYYY-YYYY");
         } else if (importing && argument == QLatin1String("--holidays")) {
-            options.holidays = true;
+            options.allDay = AllDayAs::Holidays;
+        } else if (importing && argument == QLatin1String("--marks")) {
+            options.allDay = AllDayAs::Marks;
         } else if (importing && argument == QLatin1String("--yes")) {
             options.yes = true;
         } else if (argument.startsWith(u'-')) {
@@ -116,7 +118,8 @@ int ImportIcs(ProgramState& state, const IcsOptions& options, const QByteArray& 
         err << "orvanta: " << options.file << ": " << content.problem << '\n';
         return kExitUsage;
     }
-    const ImportPlan plan = PlanImport(state.services, content, options.holidays);
+    const ImportPlan plan = PlanImport(state.services, content, options.allDay,
+                                       state.markerColors.Color(MarkerColors::kHoliday));
     out << QString(PreviewText(plan)).replace(QStringLiteral("\r\n"), QStringLiteral("\n")) << '\n';
     if (!options.yes) {
         out << "Nothing was written; run again with --yes to import.\n";
@@ -126,7 +129,8 @@ int ImportIcs(ProgramState& state, const IcsOptions& options, const QByteArray& 
         return kExitNothingFound;
     // The years the stores hold stay unloaded: every touched year's files are read afresh.
     const bool written = ApplyImport(
-        {state.services, state.planner, state.notes, state.holidays, state.dates}, plan);
+        {state.services, state.planner, state.notes, state.holidays, state.marks, state.dates},
+        plan);
     out << (written ? "Imported.\n" : "Imported in part; see the messages above.\n");
     return written ? kExitOk : kExitDataError;
 }
@@ -142,6 +146,7 @@ int Ics(const QStringList& arguments, const QString& dataFolder, QTextStream& ou
     ProgramState state(dataFolder, seams.dialogs, seams.clock, seams.platform);
     state.services.writesErrorLog = false;
     state.prefs.GetUserPreferences(state.services);
+    state.markerColors.ReadMarkerColors(state.services);
     if (options.verb == QLatin1String("export"))
         return ExportIcs(state, options, out, err);
     QFile file(options.file);

@@ -17,6 +17,7 @@ class DateModel;
 class PlannerStore;
 class NotesStore;
 class HolidayStore;
+class DateMarks;
 
 // ---- what a file brings --------------------------------------------------------------------
 
@@ -61,6 +62,10 @@ IcsContent ReadIcs(const QByteArray& bytes, const DateRange& range, const QTimeZ
 
 // ---- what an import changes ----------------------------------------------------------------
 
+// What the all-day events of a file become: nothing, holidays, or date marks of the Holiday
+// category (the summary as the mark's hover text) on days that have no mark yet.
+enum class AllDayAs { LeftOut, Holidays, Marks };
+
 struct ImportPlan {
     // The pages and notes as they will be, of the dates that change.
     QMap<QDate, PlannerPage> pages;
@@ -68,25 +73,31 @@ struct ImportPlan {
     // Each touched year's holiday lines as they will be, and the dates that get a holiday.
     QMap<int, QStringList> holidayLines;
     QList<QDate> holidayDates;
+    // Each touched year's marks file lines as they will be, and the dates that get a mark.
+    QMap<int, QStringList> markLines;
+    QList<QDate> markDates;
     // What will be shortened, refused or left out, a sentence each.
     QStringList notices;
 
-    bool IsEmpty() const { return pages.isEmpty() && notes.isEmpty() && holidayDates.isEmpty(); }
+    bool IsEmpty() const {
+        return pages.isEmpty() && notes.isEmpty() && holidayDates.isEmpty() && markDates.isEmpty();
+    }
     // The years whose files change.
     QList<int> Years() const;
 };
 
 // The changes content makes to the data folder as it is on disk (each touched year's files
-// read afresh), holidays included when withHolidays. Writes nothing. An appointment goes on
-// the line of its hour (06:00 AM to 09:00 PM) when that line is empty, else on the next empty
-// line (the page's first when none follows), its time in the label; a page without an empty
-// line refuses it. To-dos fill the page's empty to-do items; a journal goes below the date's
-// note. A text wider than its slot is cut, one holding a character the files cannot hold is
+// read afresh), its all-day events taken as allDay says (a mark in markColor). Writes nothing. An
+// appointment goes on the line of its hour (06:00 AM to 09:00 PM) when that line is empty, else on
+// the next empty line (the page's first when none follows), its time in the label; a page without
+// an empty line refuses it. To-dos fill the page's empty to-do items; a journal goes below the
+// date's note. A text wider than its slot is cut, one holding a character the files cannot hold is
 // refused; each is listed in the notices.
-ImportPlan PlanImport(Services& services, const IcsContent& content, bool withHolidays);
+ImportPlan PlanImport(Services& services, const IcsContent& content, AllDayAs allDay,
+                      quint32 markColor = 0);
 
-// The preview of plan for the user: how many pages, notes and holidays change, on which dates,
-// and the notices.
+// The preview of plan for the user: how many pages, notes, holidays and marks change, on which
+// dates, and the notices.
 QString PreviewText(const ImportPlan& plan);
 
 struct ImportStores {
@@ -94,9 +105,10 @@ struct ImportStores {
     PlannerStore& planner;
     NotesStore& notes;
     HolidayStore& holidays;
+    DateMarks& marks;
     const DateModel& dates;
 };
-// Writes plan: each touched year's planner, notes and holiday file once, through their
+// Writes plan: each touched year's planner, notes, holiday and marks file once, through their
 // stores; the years in memory are read again. Returns false when any file was refused or
 // failed (already reported); the others are written.
 bool ApplyImport(ImportStores stores, const ImportPlan& plan);

@@ -21,10 +21,11 @@ inline const QString kICalYearsPrompt = QStringLiteral(
     "two joined by \"-\" (such as 2026-2027).");
 inline const QString kICalYearsRefused = QStringLiteral(
     "Please type a year, or two joined by \"-\" (such as 2026-2027), at most 50 years apart.");
-inline QString ICalHolidaysQuestion(qsizetype count) {
+inline QString ICalAllDayQuestion(qsizetype count) {
     return QStringLiteral(
-               "The file has %1 all-day %2. Add them to the holiday lists?\r\n(No leaves them "
-               "out.)")
+               "The file has %1 all-day %2. Yes adds them to the holiday lists, No marks "
+               "their days with Holiday marks (the event as the mark's note), Cancel "
+               "leaves them out.")
         .arg(count)
         .arg(count == 1 ? QStringLiteral("event") : QStringLiteral("events"));
 }

@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include "calendar/DateModel.h"
+#include "calendar/modMarks.h"
 #include "holidays_birthdays/modHolidays.h"
 #include "ical/IcalImport.h"
 #include "notes_planner/DatedFile.h"
 #include "notes_planner/modNotes.h"
 #include "notes_planner/modPlanner.h"
 #include "shell/DateFormats.h"
+#include "shell/Files.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 #include "shell/VbError.h"
@@ -160,6 +162,39 @@ public:
             plan_.holidayDates << holiday.date;
     }
 
+    // A Holiday mark with the event's summary as hover text, on a day without a mark.
+    void AddMark(const DatedHoliday& day, quint32 color) {
+        const int year = day.date.year();
+        auto lines = plan_.markLines.find(year);
+        if (lines == plan_.markLines.end()) {
+            QStringList read;
+            try {
+                QString path;
+                if (FileExists(services_.AppFolder, DateMarks::FileName(year), &path))
+                    read = textfile::ReadLines(path);
+                for (const QString& line : read)
+                    ParseMarkLine(line);
+            } catch (const VbError&) {
+                RefuseYear(DateMarks::FileName(year));
+                return;
+            }
+            lines = plan_.markLines.insert(year, read);
+        }
+        const auto name = Fit(day.name, kLineWidth, day.date);
+        if (!name)
+            return;
+        const CellIndex cell = CellOfDate(day.date);
+        for (const QString& line : *lines) {
+            if (ParseMarkLine(line).cell == cell) {
+                Notice(QStringLiteral("%1 keeps its mark: \"%2\" is not marked there.")
+                           .arg(DateText(day.date), *name));
+                return;
+            }
+        }
+        lines->append(FormatMarkLine({cell, static_cast<qint32>(color), *name}));
+        plan_.markDates << day.date;
+    }
+
 private:
     // text as its slot keeps it: cut to width (said so), or nothing when it holds a character
     // the files cannot hold (said so).
@@ -268,7 +303,7 @@ QString Count(qsizetype n, const char* one, const char* many) {
 }  // namespace
 
 QList<int> ImportPlan::Years() const {
-    QList<int> years = holidayLines.keys();
+    QList<int> years = holidayLines.keys() + markLines.keys();
     for (const QDate& date : pages.keys())
         years << date.year();
     for (const QDate& date : notes.keys())
@@ -278,7 +313,8 @@ QList<int> ImportPlan::Years() const {
     return years;
 }
 
-ImportPlan PlanImport(Services& services, const IcsContent& content, bool withHolidays) {
+ImportPlan PlanImport(Services& services, const IcsContent& content, AllDayAs allDay,
+                      quint32 markColor) {
     ImportPlan plan;
     Planner planner(services, plan);
     // Each day's events by their start, in file order for the same start.
@@ -292,19 +328,27 @@ ImportPlan PlanImport(Services& services, const IcsContent& content, bool withHo
         planner.AddToDo(toDo);
     for (const IcsJournal& journal : content.journals)
         planner.AddJournal(journal);
-    if (withHolidays) {
+    if (allDay == AllDayAs::Holidays) {
         for (const DatedHoliday& holiday : content.allDay)
             planner.AddHoliday(holiday);
+    } else if (allDay == AllDayAs::Marks) {
+        for (const DatedHoliday& day : content.allDay)
+            planner.AddMark(day, markColor);
     } else if (!content.allDay.isEmpty()) {
         plan.notices << QStringLiteral("%1 are left out.")
                             .arg(Count(content.allDay.size(), "all-day event", "all-day events"));
     }
     plan.notices += content.leftOut;
     planner.Finish();
-    plan.holidayLines.removeIf([&](const auto& year) {
-        return std::none_of(plan.holidayDates.begin(), plan.holidayDates.end(),
-                            [&](const QDate& date) { return date.year() == year.key(); });
-    });
+    // A year whose holidays or marks stay as they are is not written.
+    const auto untouched = [](const QList<QDate>& dates) {
+        return [&dates](const auto& year) {
+            return std::none_of(dates.begin(), dates.end(),
+                                [&](const QDate& date) { return date.year() == year.key(); });
+        };
+    };
+    plan.holidayLines.removeIf(untouched(plan.holidayDates));
+    plan.markLines.removeIf(untouched(plan.markDates));
     return plan;
 }
 
@@ -323,6 +367,10 @@ QString PreviewText(const ImportPlan& plan) {
         lines << QStringLiteral("%1 will be added: %2.")
                      .arg(Count(plan.holidayDates.size(), "holiday", "holidays"),
                           DateList(plan.holidayDates));
+    if (!plan.markDates.isEmpty())
+        lines << QStringLiteral("%1 will be added: %2.")
+                     .arg(Count(plan.markDates.size(), "date mark", "date marks"),
+                          DateList(plan.markDates));
     constexpr qsizetype kShownNotices = 15;
     for (qsizetype i = 0; i < std::min(kShownNotices, plan.notices.size()); ++i)
         lines << plan.notices[i];
@@ -362,6 +410,8 @@ bool ApplyImport(ImportStores stores, const ImportPlan& plan) {
             else if (year == stores.dates.YearOf(Year::Next))
                 stores.holidays.AssignNextYearsHolidays();
         }
+        if (plan.markLines.contains(year))
+            all &= stores.marks.PutMarkLines(year, plan.markLines[year]);
     }
     return all;
 }

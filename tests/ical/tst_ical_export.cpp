@@ -119,7 +119,7 @@ private slots:
         const IcsContent read = ReadIcs(ExportToIcs(data, {}, QDateTime(kDay, QTime(8, 0))).bytes,
                                         YearRange(2026), QTimeZone::systemTimeZone());
         QCOMPARE(read.problem, QString());
-        const ImportPlan plan = PlanImport(env.state->services, read, false);
+        const ImportPlan plan = PlanImport(env.state->services, read, AllDayAs::LeftOut);
         const PlannerPage page = plan.pages.value(kDay);
         for (int line = 0; line < kAppointmentLines; ++line) {
             QCOMPARE(page.slotTexts[line], data.pages[0].page.slotTexts[line]);

@@ -79,7 +79,7 @@ private slots:
         WriteDay(env);
         const IcsContent read = ReadIcs(Calendar(Event("a", start, "Review", {"PRIORITY:1"})),
                                         YearRange(2026), QTimeZone::utc());
-        const ImportPlan plan = PlanImport(env.state->services, read, false);
+        const ImportPlan plan = PlanImport(env.state->services, read, AllDayAs::LeftOut);
         const PlannerPage page = plan.pages.value(kDay);
         QCOMPARE(page.slotTexts[3], "Existing");
         QCOMPARE(page.slotTexts[line], "Review");
@@ -99,7 +99,7 @@ private slots:
                         "DTSTART;VALUE=DATE:20260907", "DESCRIPTION:New\\nentry", "END:VJOURNAL"});
         const IcsContent read = ReadIcs(bytes, YearRange(2026), QTimeZone::utc());
         QCOMPARE(read.problem, QString());
-        const ImportPlan plan = PlanImport(env.state->services, read, false);
+        const ImportPlan plan = PlanImport(env.state->services, read, AllDayAs::LeftOut);
         QCOMPARE(plan.pages.keys(), (QList<QDate>{QDate(2026, 8, 31), kDay}));
         QCOMPARE(plan.pages[kDay].slotTexts[8],
                  "Weekly review of the long list of open questions in the project");
@@ -115,10 +115,31 @@ private slots:
             PlanImport(env.state->services,
                        ReadIcs(Calendar(Event("a", "20260907T101500", "Review")), YearRange(2026),
                                QTimeZone::utc()),
-                       false);
+                       AllDayAs::LeftOut);
         QVERIFY(plan.pages.isEmpty());
         QCOMPARE(plan.notices, QStringList{"Nothing is imported into 2026\\Planner.dat: it could "
                                            "not be read whole, and is left as it is."});
+    }
+
+    // All-day events taken as marks mark only days without one; a day's own mark stays.
+    void allDayEventsMarkOnlyUnmarkedDays() {
+        TestEnv env;
+        env.write("2026Marks.dat", "08:02:01:255-Dentist\r\n");
+        QStringList allDay;
+        for (const QString day : {"20260907", "20260908"})
+            allDay << QStringList{"BEGIN:VEVENT",
+                                  "UID:" + day,
+                                  "DTSTAMP:20260901T000000Z",
+                                  "DTSTART;VALUE=DATE:" + day,
+                                  "SUMMARY:Fair",
+                                  "END:VEVENT"};
+        const ImportPlan plan = PlanImport(
+            env.state->services, ReadIcs(Calendar(allDay), YearRange(2026), QTimeZone::utc()),
+            AllDayAs::Marks, 4242);
+        QCOMPARE(plan.markLines.value(2026),
+                 (QStringList{"08:02:01:255-Dentist", "08:01:01:4242-Fair"}));
+        QCOMPARE(plan.notices,
+                 QStringList{"Sep 08, 2026 keeps its mark: \"Fair\" is not marked there."});
     }
 
     void notIcalendarIsRefusedNamingTheLine() {
@@ -141,7 +162,8 @@ private slots:
         env.write("in.ics", Calendar(Event("a", "20260907T101500", "Review")));
         frmMain frame(env.state->services, env.state->changes, env.state->prefs);
         ICalMenus menus(frame, {env.state->services, env.state->prefs, env.state->dates,
-                                env.state->planner, env.state->notes, env.state->holidays});
+                                env.state->planner, env.state->notes, env.state->holidays,
+                                env.state->marks, env.state->markerColors});
         env.select(kDay);
         const QMap<QString, QByteArray> before = FilesOf(env.folder());
         const QString preview = "1 planner page will change: Sep 07, 2026.";

@@ -51,7 +51,7 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
     new ShellMenus(frame, state.services, state.prefs);
     new ICalMenus(frame, {state.services, state.prefs, state.dates, state.planner, state.notes,
-                          state.holidays});
+                          state.holidays, state.marks, state.markerColors});
     new CalculatorMenus(frame, state.services, state.dates);
     auto* reminders =
         new RemindersMenus(frame, state.services, state.dates, state.alerts, state.toDo, printer);

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include "calendar/DateModel.h"
+#include "calendar/MarkerColors.h"
 #include "ical/IcalMessages.h"
 #include "ical/IcalTransfer.h"
 #include "shell/SafeSave.h"
@@ -77,10 +78,16 @@ void ICalMenus::ImportFile(const QString& path) {
             content = ReadIcs(bytes, range, zone);
         }
     }
-    const bool holidays =
-        !content.allDay.isEmpty() && dialogs.MsgBox(ICalHolidaysQuestion(content.allDay.size()),
-                                                    kQuestionStyle, kImportICalTitle) == vb::Yes;
-    const ImportPlan plan = PlanImport(stores_.services, content, holidays);
+    AllDayAs allDay = AllDayAs::LeftOut;
+    if (!content.allDay.isEmpty()) {
+        const int answer = dialogs.MsgBox(ICalAllDayQuestion(content.allDay.size()),
+                                          vb::YesNoCancel | vb::Question, kImportICalTitle);
+        allDay = answer == vb::Yes  ? AllDayAs::Holidays
+                 : answer == vb::No ? AllDayAs::Marks
+                                    : AllDayAs::LeftOut;
+    }
+    const ImportPlan plan =
+        PlanImport(stores_.services, content, allDay, stores_.colors.Color(MarkerColors::kHoliday));
     if (plan.IsEmpty()) {
         dialogs.MsgBox(PreviewText(plan), kInformationStyle, kImportICalTitle);
         return;
@@ -88,8 +95,9 @@ void ICalMenus::ImportFile(const QString& path) {
     if (dialogs.MsgBox(ICalPreviewQuestion(PreviewText(plan)), kQuestionStyle, kImportICalTitle) !=
         vb::Yes)
         return;
-    const bool all = ApplyImport(
-        {stores_.services, stores_.planner, stores_.notes, stores_.holidays, stores_.dates}, plan);
+    const bool all = ApplyImport({stores_.services, stores_.planner, stores_.notes,
+                                  stores_.holidays, stores_.marks, stores_.dates},
+                                 plan);
     dialogs.MsgBox(all ? kICalImportedMessage : kICalImportedInPartMessage, kInformationStyle,
                    kImportICalTitle);
 }

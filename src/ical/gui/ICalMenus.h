@@ -2,7 +2,9 @@
 
 #include <QObject>
 
+class DateMarks;
 class DateModel;
+class MarkerColors;
 class frmMain;
 class HolidayStore;
 class NotesStore;
@@ -22,6 +24,8 @@ public:
         PlannerStore& planner;
         NotesStore& notes;
         HolidayStore& holidays;
+        DateMarks& marks;
+        const MarkerColors& colors;
     };
     ICalMenus(frmMain& frame, Stores stores);
 
