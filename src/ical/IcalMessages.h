@@ -32,6 +32,9 @@ inline QString ICalAllDayQuestion(qsizetype count) {
 inline QString ICalPreviewQuestion(const QString& preview) {
     return preview + QStringLiteral("\r\n\r\nImport these changes?");
 }
+inline const QString kICalCloseEditorsMessage = QStringLiteral(
+    "Please close the planner and notes windows first, so that a page or note being "
+    "edited is not saved over what the import brings.");
 inline const QString kICalImportedMessage = QStringLiteral("The iCalendar file was imported.");
 inline const QString kICalImportedInPartMessage = QStringLiteral(
     "The iCalendar file was imported in part: the files named in the messages before this one "

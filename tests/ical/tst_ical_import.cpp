@@ -4,11 +4,13 @@
 #include <QDir>
 #include <QTest>
 
+#include "MainWindowFixture.h"
 #include "TestEnv.h"
 #include "ical/IcalImport.h"
 #include "ical/IcalMessages.h"
 #include "ical/IcalTransfer.h"
 #include "ical/gui/ICalMenus.h"
+#include "notes_planner/gui/NotesPlannerMenus.h"
 #include "notes_planner/modNotes.h"
 #include "notes_planner/modPlanner.h"
 #include "shell/gui/frmMain.h"
@@ -119,6 +121,16 @@ private slots:
         QVERIFY(plan.pages.isEmpty());
         QCOMPARE(plan.notices, QStringList{"Nothing is imported into 2026\\Planner.dat: it could "
                                            "not be read whole, and is left as it is."});
+    }
+
+    // A page open for editing would be saved over the import: the import waits for it to close.
+    void anOpenPlannerWindowIsClosedFirst() {
+        MainWindowFixture f;
+        f.Start();
+        f.window.notesPlanner->OpenPlanner();
+        f.env.dialogs.ExpectMsgBox(kICalCloseEditorsMessage, kWarningStyle, kImportICalTitle);
+        f.menu("mnuFileImportICal")->trigger();
+        VERIFY_DIALOGS(f.env.dialogs);
     }
 
     // All-day events taken as marks mark only days without one; a day's own mark stays.

@@ -8,12 +8,15 @@
 #include "calendar/MarkerColors.h"
 #include "ical/IcalMessages.h"
 #include "ical/IcalTransfer.h"
+#include "notes_planner/gui/frmNotes.h"
+#include "notes_planner/gui/frmPlanner.h"
 #include "shell/SafeSave.h"
 #include "shell/Services.h"
 #include "shell/gui/Controls.h"
 #include "shell/gui/frmMain.h"
 
-ICalMenus::ICalMenus(frmMain& frame, Stores stores) : QObject(&frame), stores_(stores) {
+ICalMenus::ICalMenus(frmMain& frame, Stores stores)
+    : QObject(&frame), frame_(frame), stores_(stores) {
     Handle(frame.MenuItem(QStringLiteral("mnuFileExportICal")), this, [this] {
         stores_.services.Trap("mnuFileExportICal_Click", [this] { mnuFileExportICal_Click(); });
     });
@@ -41,6 +44,14 @@ void ICalMenus::mnuFileExportICal_Click() {
 }
 
 void ICalMenus::mnuFileImportICal_Click() {
+    // A page or note open for editing would be saved over what the import puts on its date.
+    for (const char* window : {frmPlanner::kName, frmNotes::kName}) {
+        if (frame_.ChildWindow(QString::fromLatin1(window))) {
+            stores_.services.dialogs.MsgBox(kICalCloseEditorsMessage, kWarningStyle,
+                                            kImportICalTitle);
+            return;
+        }
+    }
     const QString path =
         stores_.services.dialogs.OpenFileName(kImportICalTitle, QDir::homePath(), kICalFilter);
     if (!path.isEmpty())

@@ -38,5 +38,6 @@ public:
     void ImportFile(const QString& path);
 
 private:
+    frmMain& frame_;
     Stores stores_;
 };
