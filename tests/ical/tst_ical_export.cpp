@@ -3,9 +3,11 @@
 // file libical takes back whole.
 #include <QTest>
 
+#include "MainWindowFixture.h"
 #include "TestEnv.h"
 #include "ical/IcalExport.h"
 #include "ical/IcalImport.h"
+#include "ical/IcalMessages.h"
 #include "ical/IcalTransfer.h"
 #include "notes_planner/modPlanner.h"
 
@@ -82,6 +84,25 @@ private slots:
         QVERIFY2(birthday.contains("RRULE:FREQ=YEARLY\r\n"), qPrintable(birthday));
         QVERIFY(birthday.contains("DTSTART;VALUE=DATE:19600315\r\n"));
         QVERIFY(birthday.contains("TRIGGER:-P7D\r\n"));
+    }
+
+    // File > Export to iCalendar... writes the data folder to the file picked, ".ics" added.
+    void theMenuExportsTheDataFolder() {
+        MainWindowFixture f;
+        QDir(f.env.folder()).mkdir("2026");
+        f.env.write("2026/Notes.dat", "09/07/26:080101:A note\r\n");
+        f.env.write("Holidays/2026Holidays.dat", "12/25/26:Christmas Day\r\n");
+        f.Start();
+        const QString path = f.env.path("out");
+        f.env.dialogs.ExpectSaveFile(path);
+        f.env.dialogs.ExpectMsgBox(ICalExportedMessage(2, path + ".ics"), kInformationStyle,
+                                   kExportICalTitle);
+        f.menu("mnuFileExportICal")->trigger();
+        VERIFY_DIALOGS(f.env.dialogs);
+        const QString text = Unfolded(f.env.read("out.ics"));
+        QVERIFY(ComponentOf(text, "20260907-note@orvanta").contains("DESCRIPTION:A note\r\n"));
+        QVERIFY(ComponentOf(text, "holiday-20261225-0@orvanta")
+                    .contains("DTSTART;VALUE=DATE:20261225\r\n"));
     }
 
     // A calendar program recognises its copies by UID: a second export, later, of the same
