@@ -13,7 +13,7 @@ cd "$(dirname "$0")"
 
 PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-qpa-plugins
           libgl-dev pkgconf libical-dev xvfb xauth fonts-liberation poppler-utils
-          desktop-file-utils appstream)
+          desktop-file-utils appstream python3-icalendar libqt6svg6)
 
 install_missing() {
     local missing=() package

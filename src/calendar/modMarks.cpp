@@ -120,6 +120,17 @@ void DateMarks::SaveYear(Year year, const char* procedure) {
     });
 }
 
+bool DateMarks::PutMarkLines(int year, const QStringList& lines) {
+    const bool written = services_.Trap("PutMarkLines", [&] {
+        textfile::WriteWithBackup(services_.AppFolder, FileName(year), textfile::JoinLines(lines));
+    });
+    if (written && year == dates_.YearOf(Year::This))
+        ReadAndDisplayThisYearsMarks();
+    else if (written && year == dates_.YearOf(Year::Next))
+        ReadAndDisplayNextYearsMarks();
+    return written;
+}
+
 void DateMarks::ReadYear(Year year, const char* procedure, const QString& fileName) {
     MarkTables& tables = years[year];
     partlyRead[year] = !services_.Trap(procedure, [&] {

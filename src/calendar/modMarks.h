@@ -79,6 +79,10 @@ public:
     // False when there is no backup; nothing changes then.
     bool RestoreThisYearsMarks();
 
+    // Replaces a year's file (any year) with lines, the previous file becoming the backup as
+    // in a save; a year in memory is read again. Returns whether it was written.
+    bool PutMarkLines(int year, const QStringList& lines);
+
     // The file name of a year's marks and of their backup.
     static QString FileName(int year);
     static QString BackupFileName(int year);

@@ -12,6 +12,16 @@ const QList<CommandInfo>& Commands() {
          Day},
         {QStringLiteral("export"), QStringLiteral("export planner|notes YYYY-MM-DD FILE"),
          QStringLiteral("Write the date's planner page (.pln) or note (.nte) to FILE."), Export},
+        {QStringLiteral("ics"),
+         QStringLiteral("ics export FILE [--from YYYY-MM-DD] [--to YYYY-MM-DD] | ics import FILE "
+                        "[--years YYYY[-YYYY]] [--holidays | --marks] [--yes] | ics check FILE"),
+         QStringLiteral(
+             "Write the planner as an iCalendar file; or show what an iCalendar file "
+             "would add (repeating events over --years, this year by default; all-day "
+             "events as holidays with --holidays, as Holiday marks with --marks) and add "
+             "it with --yes; or check "
+             "that libical reads a file whole."),
+         Ics},
         {QStringLiteral("report"),
          QStringLiteral("report expenses|mileage --from YYYY-MM-DD --to YYYY-MM-DD [--csv]"),
          QStringLiteral("Print the expense or mileage report of the period (both dates "

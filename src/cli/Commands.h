@@ -8,7 +8,8 @@ class QTextStream;
 
 // The commands of the program's command line. Each reads the data folder through the same
 // stores as the window, prints to out (UTF-8) and reports problems on err. None opens a window
-// or changes a file of the data folder; export writes only the file it is given.
+// or changes a file of the data folder, except an import (ics import --yes); export writes
+// only the file it is given.
 namespace cli {
 
 // Exit statuses: done; the data could be read only in part (or, for a search, nothing was
@@ -51,5 +52,13 @@ int PrintReport(const QStringList& arguments, const QString& dataFolder, QTextSt
 // in date order.
 int Search(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
            QTextStream& err);
+
+// ics export FILE [--from YYYY-MM-DD] [--to YYYY-MM-DD]: the planner as an iCalendar file.
+// ics import FILE [--years YYYY[-YYYY]] [--holidays | --marks] [--yes]: prints what the file would
+// change (repeating events taken over the years given, this year by default; all-day events
+// made holidays with --holidays, Holiday marks with --marks) and writes it only with --yes. ics
+// check FILE: whether libical takes the file whole.
+int Ics(const QStringList& arguments, const QString& dataFolder, QTextStream& out,
+        QTextStream& err);
 
 }  // namespace cli

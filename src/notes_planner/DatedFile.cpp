@@ -195,3 +195,49 @@ bool DeleteDatedLines(Services& services, const char* procedure, int year, const
         services.RefuseSaveAfterPartialRead(true, YearFileName(year, fileName));
     return done;
 }
+
+CellIndex CellOfDate(const QDate& date) {
+    const int firstColumn = QDate(date.year(), date.month(), 1).dayOfWeek() % 7;
+    return {date.month() - 1, date.dayOfWeek() % 7, (firstColumn + date.day() - 1) / 7};
+}
+
+bool PutDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
+                   const QList<QDate>& dates, const QList<QByteArray>& payloads) {
+    bool readWhole = true;
+    const bool done = services.Trap(procedure, [&] {
+        DatedEntries entries;
+        try {
+            ReadDatedFile(services.AppFolder, year, fileName, entries);
+        } catch (const VbError&) {
+            readWhole = false;
+            throw;
+        }
+        const QList<QByteArrayView> lines = LinesWithEnds(entries.fileBytes);
+        QList<QByteArray> newLines(lines.size());
+        QByteArray added;
+        for (qsizetype d = 0; d < dates.size(); ++d) {
+            const QString key = datefmt::MmDdYy(dates[d]);
+            QByteArray line = FormatDatedLine(key, CellOfDate(dates[d]).Code(), payloads[d]);
+            const qsizetype at = entries.IndexOf(key);
+            if (at < 0)
+                added += line + "\r\n";
+            else
+                newLines[at] = line + "\r\n";
+        }
+        QByteArray content;
+        content.reserve(entries.fileBytes.size() + added.size());
+        for (qsizetype i = 0; i < lines.size(); ++i)
+            if (newLines[i].isNull())
+                content += lines[i];
+            else
+                content += newLines[i];
+        // A last line without its line end gets one before the new lines follow it.
+        if (!added.isEmpty() && !content.isEmpty() && !content.endsWith('\n') &&
+            !content.endsWith('\r'))
+            content += "\r\n";
+        WriteDatedLines(services, year, fileName, content + added);
+    });
+    if (!readWhole)
+        services.RefuseSaveAfterPartialRead(true, YearFileName(year, fileName));
+    return done;
+}

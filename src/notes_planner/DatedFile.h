@@ -106,3 +106,14 @@ QList<QDate> DatesInFile(const QString& appFolder, int year, const QString& file
 // those dates' lines.
 bool DeleteDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
                       const QList<QDate>& dates);
+
+// The day cell of any date in its year's month sheets, as the date holders lay it out.
+CellIndex CellOfDate(const QDate& date);
+
+// Gives each of dates (dates of year) the payload beside it in the year's file: a date's line
+// is replaced in its place, a new date's line added at the end, every other line written back
+// exactly as it was. The file is read fresh and written once; a file that cannot be read whole
+// is never written (reported under procedure, then refused as a save after a partial read is).
+// Returns whether the file now holds the payloads.
+bool PutDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
+                   const QList<QDate>& dates, const QList<QByteArray>& payloads);

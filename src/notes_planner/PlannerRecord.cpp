@@ -1,5 +1,9 @@
 #include "notes_planner/PlannerRecord.h"
 
+#include <QTime>
+
+#include "shell/DateFormats.h"
+
 namespace {
 
 constexpr qsizetype kLineLength = 160;
@@ -135,4 +139,15 @@ bool IsBlankRecord(QStringView record) {
 
 bool IsBlankRecord(QByteArrayView record) {
     return BlankRecord(record);
+}
+
+QString DefaultTime(int line) {
+    return datefmt::MediumTime(QTime(kFirstLineHour + line, 0));
+}
+
+PlannerPage NewPlannerPage() {
+    PlannerPage page;
+    for (int line = 0; line < kAppointmentLines; ++line)
+        page.times[line] = DefaultTime(line);
+    return page;
 }

@@ -50,6 +50,14 @@ struct PlannerPage {
     bool operator==(const PlannerPage&) const = default;
 };
 
+// The hour of a new page's first line; line i shows the whole hour kFirstLineHour + i, so the
+// last line shows 09:00 PM.
+constexpr int kFirstLineHour = 6;
+// The time labels a new page shows: the whole hours from 06:00 AM to 09:00 PM.
+QString DefaultTime(int line);
+// A page without text whose lines show the default times.
+PlannerPage NewPlannerPage();
+
 // How many characters slot keeps in the record: 150, 60, 50, 10 or 80.
 int SlotWidth(int slot);
 // The tag of a slot's box: its width as three digits, ".", and its kind ("150.Stop",

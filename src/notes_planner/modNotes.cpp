@@ -102,6 +102,24 @@ bool NotesStore::DeleteNotes(int year, const QList<QDate>& dates) {
     return true;
 }
 
+bool NotesStore::PutNotes(int year, const QList<QDate>& dates, const QStringList& texts) {
+    QList<QByteArray> payloads;
+    for (const QString& text : texts) {
+        if (const auto bad = textfile::FirstUnstorableCharacter(text)) {
+            services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
+            return false;
+        }
+        payloads << textfile::Encode(EncodeLineBreaks(text));
+    }
+    if (!PutDatedLines(services_, "PutNotes", year, kNotesFile, dates, payloads))
+        return false;
+    if (year == dates_.YearOf(Year::This))
+        ReadThisYearsNotes();
+    else if (year == dates_.YearOf(Year::Next))
+        ReadNextYearsNotes();
+    return true;
+}
+
 ShownNote NotesStore::DisplayThisNote() {
     ShownNote shown;
     services_.Trap("DisplayThisNote", [&] {

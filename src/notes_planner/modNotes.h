@@ -55,6 +55,12 @@ public:
     // read again so that everything showing its notes follows. A file that cannot be read
     // whole is refused and left as it is. Returns false when the notes are still there.
     bool DeleteNotes(int year, const QList<QDate>& dates);
+    // Gives each of dates (dates of year, any year) the note beside it (with its line breaks)
+    // in the year's file, written once, every other line staying as it was; a year in memory
+    // is read again. A file that cannot be read whole is refused and left as it is; a note
+    // holding a character the file cannot hold refuses the whole change. Returns whether the
+    // notes were written.
+    bool PutNotes(int year, const QList<QDate>& dates, const QStringList& texts);
 
     // The selected date's note, decoded, under its caption.
     ShownNote DisplayThisNote();

@@ -174,6 +174,26 @@ bool PlannerStore::DeletePlanners(int year, const QList<QDate>& dates) {
     return true;
 }
 
+bool PlannerStore::PutPlanners(int year, const QList<QDate>& dates,
+                               const QList<PlannerPage>& pages) {
+    QList<QByteArray> records;
+    for (const PlannerPage& page : pages) {
+        const QString record = BuildPlannerRecord(page);
+        if (const auto bad = textfile::FirstUnstorableCharacter(record)) {
+            services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
+            return false;
+        }
+        records << textfile::Encode(record);
+    }
+    if (!PutDatedLines(services_, "PutPlanners", year, kPlannerFile, dates, records))
+        return false;
+    if (year == dates_.YearOf(Year::This))
+        ReadThisYearsPlanner();
+    else if (year == dates_.YearOf(Year::Next))
+        ReadNextYearsPlanner();
+    return true;
+}
+
 bool PlannerStore::HasPlanner(const QDate& date) const {
     const auto cell = dates_.FindDay(date);
     return cell && years[dates_.YearSlotOf(date)].exists[*cell];

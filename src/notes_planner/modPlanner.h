@@ -92,6 +92,11 @@ public:
     // read again so that everything showing its pages follows. A file that cannot be read
     // whole is refused and left as it is. Returns false when the pages are still there.
     bool DeletePlanners(int year, const QList<QDate>& dates);
+    // Gives each of dates (dates of year, any year) the page beside it in the year's file,
+    // written once, every other line staying as it was; a year in memory is read again. A
+    // file that cannot be read whole is refused and left as it is; a page holding a character
+    // the file cannot hold refuses the whole change. Returns whether the pages were written.
+    bool PutPlanners(int year, const QList<QDate>& dates, const QList<PlannerPage>& pages);
 
     bool HasPlanner(const QDate& date) const;
     // A date's record; empty when it has none.

@@ -134,6 +134,20 @@ void DeleteNotes(Folder& folder, int content) {
     NotesStore(folder.services, folder.dates).DeleteNotes(2026, dates);
 }
 
+// Pages put into the year's file as an import does, one write for all of them; the same dates
+// each time, so that every content replaces the one before it whole.
+void PutPlanners(Folder& folder, int content) {
+    QList<QDate> dates;
+    QList<PlannerPage> pages;
+    for (int day = 1; day <= 20; ++day) {
+        dates << QDate(2026, 1 + day % 12, day);
+        pages << NewPlannerPage();
+        pages.last().slotTexts[day % kAppointmentLines] =
+            QStringLiteral("Imported %1").arg(content);
+    }
+    PlannerStore(folder.services, folder.dates).PutPlanners(2026, dates, pages);
+}
+
 // A page opened from its file, saved back to it.
 void SaveExternalPlanner(Folder& folder, int content) {
     const QString path = folder.services.PathOf(QStringLiteral("Planners And Notes/Page.pln"));
@@ -230,6 +244,7 @@ const Store kStores[] = {
     {"SaveThisYearsPlannerFile", "2026/Planner.dat", {}, SavePlanner},
     {"KeepUnsavedWork", kTempRecordFile, {}, SaveUnsavedWork},
     {"DeleteNotes", "2026/Notes.dat", {}, DeleteNotes},
+    {"PutPlanners", "2026/Planner.dat", {}, PutPlanners},
     {"SaveExternalPlanner", "Planners And Notes/Page.pln", {}, SaveExternalPlanner},
     {"SaveAlerts", kAlertsFile, {}, SaveAlerts},
     {"SaveToDoList", kToDoFile, {}, SaveToDoList},

@@ -11,6 +11,7 @@
 #include "decorations/gui/DecorationMenus.h"
 #include "help/gui/HelpMenus.h"
 #include "holidays_birthdays/gui/HolidaysBirthdaysMenus.h"
+#include "ical/gui/ICalMenus.h"
 #include "notes_planner/gui/NotesPlannerMenus.h"
 #include "reminders/gui/AlertTray.h"
 #include "reminders/gui/RemindersMenus.h"
@@ -59,6 +60,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     new BudgetMenus({frame, state.services, state.dates, state.planner, state.prefs, printer},
                     state.budget);
     new ShellMenus(frame, state.services, state.prefs);
+    new ICalMenus(frame, {state.services, state.prefs, state.dates, state.planner, state.notes,
+                          state.holidays, state.marks, state.markerColors});
     new CalendarPrintMenus(frame, state.services, state.dates, *calendar, state.markerColors,
                            printer);
     auto* calendarOptions =

@@ -47,18 +47,6 @@ QLabel* Caption(const QString& text) {
 
 }  // namespace
 
-QString DefaultTime(int line) {
-    const QString hour = QStringLiteral("%1:00").arg(6 + line, 2, 10, QLatin1Char('0'));
-    return datefmt::MediumTime(QTime::fromString(hour, QStringLiteral("HH:mm")));
-}
-
-PlannerPage NewPlannerPage() {
-    PlannerPage page;
-    for (int line = 0; line < kAppointmentLines; ++line)
-        page.times[line] = DefaultTime(line);
-    return page;
-}
-
 PlannerPageView::PlannerPageView(QWidget* parent) : QWidget(parent) {
     LoadTheObjects();
 }

@@ -85,8 +85,3 @@ private:
     int timeLine_ = -1;
     int currentLine_ = -1;
 };
-
-// The time labels a new page shows: the whole hours from 06:00 AM to 09:00 PM.
-QString DefaultTime(int line);
-// A page without text whose lines show the default times.
-PlannerPage NewPlannerPage();

@@ -30,6 +30,8 @@ void BuildFileMenu(QMenuBar* bar) {
     AddItem(file, QStringLiteral("Open External &Notes"), QStringLiteral("mnuFileOpenNotes"));
     AddItem(file, QStringLiteral("Open External &Planner"), QStringLiteral("mnuFileOpenPlanner"));
     AddItem(file, QStringLiteral("Open &Frequently Used Terms"), QStringLiteral("mnuFileOpenFUT"));
+    AddItem(file, QStringLiteral("Export to iCalendar..."), QStringLiteral("mnuFileExportICal"));
+    AddItem(file, QStringLiteral("Import from iCalendar..."), QStringLiteral("mnuFileImportICal"));
     file->addSeparator();
     AddItem(file, QStringLiteral("Generate &Expense Report"),
             QStringLiteral("mnuFileOpenExpenses"));
