@@ -31,6 +31,7 @@ public:
     QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
     QString OpenFileName(const QString&, const QString&, const QString&) override { return {}; }
     QString SaveFileName(const QString&, const QString&, const QString&) override { return {}; }
+    QString FolderName(const QString&, const QString&) override { return {}; }
     std::optional<quint32> PickColor(quint32, const QString&) override { return {}; }
 };
 
