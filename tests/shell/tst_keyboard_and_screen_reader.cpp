@@ -93,12 +93,18 @@ private slots:
 
     void everyWindowIsNamedAndReachedByTab_data() {
         QTest::addColumn<QString>("item");
-        for (const char* item :
-             {"mnuManageAlerts", "mnuManageNotes", "mnuManageToDo", "mnuManageHolidays",
-              "mnuManageBDays", "mnuManageEmailList", "mnuManageFUTList", "mnuManageDisplayedMarks",
-              "mnuManageUserColors", "mnuDateDiffSDays", "mnuNumOfDays", "mnuToolsAlarm",
-              "mnuOptDateOpenNotes", "mnuOptDateOpenPlanner", "mnuOptDateSetAlert", "mnuEditFind",
-              "mnuFileOpenExpenses", "mnuFileOpenMiles"})
+        for (const char* item : {"mnuManageAlerts",     "mnuManageNotes",
+                                 "mnuManageToDo",       "mnuManageHolidays",
+                                 "mnuManageBDays",      "mnuManageEmailList",
+                                 "mnuManageFUTList",    "mnuManageDisplayedMarks",
+                                 "mnuManageUserColors", "mnuDateDiffSDays",
+                                 "mnuNumOfDays",        "mnuToolsAlarm",
+                                 "mnuOptDateOpenNotes", "mnuOptDateOpenPlanner",
+                                 "mnuOptDateSetAlert",  "mnuEditFind",
+                                 "mnuFileOpenExpenses", "mnuFileOpenMiles",
+                                 "mnuManageIcons",      "mnuOptDateShowIcons",
+                                 "mnuManageBudget",     "mnuOptionsUser",
+                                 "mnuDateFind"})
             QTest::newRow(item) << QString::fromLatin1(item);
     }
     void everyWindowIsNamedAndReachedByTab() {
