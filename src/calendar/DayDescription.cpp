@@ -12,6 +12,8 @@ QString DayDescription(const QDate& date, const DayLook& look, const QString& ma
     parts << look.captions;
     if (!look.hoverText.isEmpty())
         parts << look.hoverText;
+    for (const DayIcon& icon : look.icons)
+        parts << QStringLiteral("Icon ") + icon.caption;
     if (look.hasNotes)
         parts << QStringLiteral("Has notes");
     if (look.hasPlanner)
