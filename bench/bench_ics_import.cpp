@@ -20,20 +20,8 @@
 #include "app/ProgramState.h"
 #include "ical/IcalTransfer.h"
 
+#include "QuietDialogs.h"
 namespace {
-
-class CountingDialogs final : public Dialogs {
-public:
-    int MsgBox(const QString& text, int, const QString&) override {
-        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(text));
-        return vb::OK;
-    }
-    QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
-    QString OpenFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString SaveFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString FolderName(const QString&, const QString&) override { return {}; }
-    std::optional<quint32> PickColor(quint32, const QString&) override { return {}; }
-};
 
 constexpr int kEvents = 10000;
 constexpr int kPerDay = 14;
@@ -69,7 +57,7 @@ int main(int argc, char** argv) {
             return 1;
     }
     const DateRange range{QDate(2026, 1, 1), QDate(2027, 12, 31)};
-    CountingDialogs dialogs;
+    QuietDialogs dialogs;
     SystemClock clock;
     NoDesktop platform;
     std::vector<double> import, reading, plain;

@@ -19,20 +19,8 @@
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
+#include "QuietDialogs.h"
 namespace {
-
-class QuietDialogs final : public Dialogs {
-public:
-    int MsgBox(const QString& text, int, const QString&) override {
-        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(text));
-        return vb::OK;
-    }
-    QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
-    QString OpenFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString SaveFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString FolderName(const QString&, const QString&) override { return {}; }
-    std::optional<quint32> PickColor(quint32, const QString&) override { return {}; }
-};
 
 // Median time of one run of work, in microseconds.
 double MedianMicros(int rounds, const std::function<void()>& work) {

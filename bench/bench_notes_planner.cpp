@@ -42,29 +42,22 @@
 
 extern char** environ;
 
+#include "QuietDialogs.h"
 namespace {
 
 // Counts the boxes the stores show; a box other than a save's confirmation is an error the
 // run must not hide.
-class CountingDialogs final : public Dialogs {
+// Counts the planner's save confirmations apart from the messages nobody expects.
+class CountingDialogs final : public QuietDialogs {
 public:
-    int MsgBox(const QString& text, int, const QString&) override {
-        if (text == kPlannerRecordsUpdatedMessage || text == kPlannerSavedMessage) {
-            ++confirmations;
-        } else {
-            ++unexpected;
-            std::fprintf(stderr, "unexpected message: %s\n", qPrintable(text));
-        }
+    int MsgBox(const QString& text, int style, const QString& title) override {
+        if (text != kPlannerRecordsUpdatedMessage && text != kPlannerSavedMessage)
+            return QuietDialogs::MsgBox(text, style, title);
+        ++confirmations;
         return vb::OK;
     }
-    QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
-    QString OpenFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString SaveFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString FolderName(const QString&, const QString&) override { return {}; }
-    std::optional<quint32> PickColor(quint32, const QString&) override { return {}; }
 
     int confirmations = 0;
-    int unexpected = 0;
 };
 
 using Work = std::function<void(int round)>;

@@ -25,25 +25,10 @@
 #include "reports/ReportText.h"
 #include "reports/modBudget.h"
 
+#include "QuietDialogs.h"
 namespace {
 
 // Any box is an error the run must not hide.
-class CountingDialogs final : public Dialogs {
-public:
-    int MsgBox(const QString& text, int, const QString&) override {
-        ++shown;
-        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(text));
-        return vb::OK;
-    }
-    QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
-    QString OpenFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString SaveFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString FolderName(const QString&, const QString&) override { return {}; }
-    std::optional<quint32> PickColor(quint32, const QString&) override { return {}; }
-
-    int shown = 0;
-};
-
 // The median time of one run of each work, in milliseconds. The works take turns, round by
 // round, so that load from elsewhere on the machine falls on all of them alike.
 std::vector<double> Medians(int rounds, const std::vector<std::function<void()>>& works) {
@@ -95,7 +80,7 @@ int main(int argc, char** argv) {
     const int year = argc > 3 ? std::atoi(argv[3]) : 2015;
     const ReportPeriod wholeYear = MonthPeriod(0, year);
 
-    CountingDialogs dialogs;
+    QuietDialogs dialogs;
     SystemClock clock;
     NoDesktop platform;
     ProgramState state(dir, dialogs, clock, platform);
@@ -154,7 +139,7 @@ int main(int argc, char** argv) {
     const bool whole = loaded.Count() == days && lines == days && readSize == bytes.size() &&
                        expenseRows == days * kExpenseLines && mileageRows == days * kMileageLines &&
                        freshRows == expenseRows && spent > 0;
-    if (!whole || dialogs.shown != 0) {
+    if (!whole || dialogs.unexpected != 0) {
         std::fprintf(stderr, "the reports did not list every line of every day\n");
         return 1;
     }

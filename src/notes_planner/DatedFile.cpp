@@ -7,6 +7,7 @@
 #include <QSet>
 #include <algorithm>
 #include <cerrno>
+#include <functional>
 
 #include "shell/DateFormats.h"
 #include "shell/Files.h"
@@ -168,11 +169,14 @@ QList<QDate> DatesInFile(const QString& appFolder, int year, const QString& file
     return dates;
 }
 
-bool DeleteDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
-                      const QList<QDate>& dates) {
-    QSet<QString> keys;
-    for (const QDate& date : dates)
-        keys.insert(datefmt::MmDdYy(date));
+namespace {
+
+// Reads a year's file afresh, lets rewrite make its new content from the lines read (each with
+// its line end), and writes that content when it differs. A file that cannot be read whole is
+// left as it is, and its next save is refused, so the lines it could not read are never lost.
+bool RewriteDatedFile(
+    Services& services, const char* procedure, int year, const QString& fileName,
+    const std::function<QByteArray(const DatedEntries&, const QList<QByteArrayView>&)>& rewrite) {
     bool readWhole = true;
     const bool done = services.Trap(procedure, [&] {
         DatedEntries entries;
@@ -182,18 +186,31 @@ bool DeleteDatedLines(Services& services, const char* procedure, int year, const
             readWhole = false;
             throw;
         }
-        const QList<QByteArrayView> lines = LinesWithEnds(entries.fileBytes);
-        QByteArray kept;
-        kept.reserve(entries.fileBytes.size());
-        for (qsizetype i = 0; i < lines.size(); ++i)
-            if (!keys.contains(entries.dateKeys[i]))
-                kept += lines[i];
-        if (kept.size() != entries.fileBytes.size())
-            WriteDatedLines(services, year, fileName, kept);
+        const QByteArray content = rewrite(entries, LinesWithEnds(entries.fileBytes));
+        if (content != entries.fileBytes)
+            WriteDatedLines(services, year, fileName, content);
     });
     if (!readWhole)
         services.RefuseSaveAfterPartialRead(true, YearFileName(year, fileName));
     return done;
+}
+
+}  // namespace
+
+bool DeleteDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
+                      const QList<QDate>& dates) {
+    QSet<QString> keys;
+    for (const QDate& date : dates)
+        keys.insert(datefmt::MmDdYy(date));
+    return RewriteDatedFile(services, procedure, year, fileName,
+                            [&](const DatedEntries& entries, const QList<QByteArrayView>& lines) {
+                                QByteArray kept;
+                                kept.reserve(entries.fileBytes.size());
+                                for (qsizetype i = 0; i < lines.size(); ++i)
+                                    if (!keys.contains(entries.dateKeys[i]))
+                                        kept += lines[i];
+                                return kept;
+                            });
 }
 
 CellIndex CellOfDate(const QDate& date) {
@@ -203,41 +220,28 @@ CellIndex CellOfDate(const QDate& date) {
 
 bool PutDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
                    const QList<QDate>& dates, const QList<QByteArray>& payloads) {
-    bool readWhole = true;
-    const bool done = services.Trap(procedure, [&] {
-        DatedEntries entries;
-        try {
-            ReadDatedFile(services.AppFolder, year, fileName, entries);
-        } catch (const VbError&) {
-            readWhole = false;
-            throw;
-        }
-        const QList<QByteArrayView> lines = LinesWithEnds(entries.fileBytes);
-        QList<QByteArray> newLines(lines.size());
-        QByteArray added;
-        for (qsizetype d = 0; d < dates.size(); ++d) {
-            const QString key = datefmt::MmDdYy(dates[d]);
-            QByteArray line = FormatDatedLine(key, CellOfDate(dates[d]).Code(), payloads[d]);
-            const qsizetype at = entries.IndexOf(key);
-            if (at < 0)
-                added += line + "\r\n";
-            else
-                newLines[at] = line + "\r\n";
-        }
-        QByteArray content;
-        content.reserve(entries.fileBytes.size() + added.size());
-        for (qsizetype i = 0; i < lines.size(); ++i)
-            if (newLines[i].isNull())
-                content += lines[i];
-            else
-                content += newLines[i];
-        // A last line without its line end gets one before the new lines follow it.
-        if (!added.isEmpty() && !content.isEmpty() && !content.endsWith('\n') &&
-            !content.endsWith('\r'))
-            content += "\r\n";
-        WriteDatedLines(services, year, fileName, content + added);
-    });
-    if (!readWhole)
-        services.RefuseSaveAfterPartialRead(true, YearFileName(year, fileName));
-    return done;
+    return RewriteDatedFile(
+        services, procedure, year, fileName,
+        [&](const DatedEntries& entries, const QList<QByteArrayView>& lines) {
+            QList<QByteArray> newLines(lines.size());
+            QByteArray added;
+            for (qsizetype d = 0; d < dates.size(); ++d) {
+                const QString key = datefmt::MmDdYy(dates[d]);
+                QByteArray line = FormatDatedLine(key, CellOfDate(dates[d]).Code(), payloads[d]);
+                const qsizetype at = entries.IndexOf(key);
+                if (at < 0)
+                    added += line + "\r\n";
+                else
+                    newLines[at] = line + "\r\n";
+            }
+            QByteArray content;
+            content.reserve(entries.fileBytes.size() + added.size());
+            for (qsizetype i = 0; i < lines.size(); ++i)
+                content += newLines[i].isNull() ? lines[i].toByteArray() : newLines[i];
+            // A last line without its line end gets one before the new lines follow it.
+            if (!added.isEmpty() && !content.isEmpty() && !content.endsWith('\n') &&
+                !content.endsWith('\r'))
+                content += "\r\n";
+            return content + added;
+        });
 }
