@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Start-up and memory of the whole program, in one run:
-#   1. start-up from launch to the main window drawn (orvanta starting orvanta-window), on an
+#   1. start-up from launch to the main window drawn (orvanta becoming orvanta-window), on an
 #      empty data folder and on a full 30-year folder (every day a note, a full planner page
 #      and a mark; this year and next are among them, so both are read), against a bare Qt
 #      main window built beside it (and the same window showing one line of text, the floor

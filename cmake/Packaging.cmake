@@ -10,15 +10,25 @@ set(ORVANTA_SCREENSHOT_URL "https://orvanta.org/screenshots/main-window.png" CAC
 set(ORVANTA_PACKAGE_MAINTAINER "Orvanta developers <packaging@orvanta.org>" CACHE STRING
     "Maintainer field of the Debian package")
 
-# orvanta-window is started by orvanta, never by the user, so it lives in libexec; orvanta
-# finds it through this path relative to its own folder (or beside itself in the build tree).
-set(ORVANTA_WINDOW_DIR ${CMAKE_INSTALL_LIBEXECDIR}/orvanta)
-file(RELATIVE_PATH window_dir_from_bin ${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}
-     ${CMAKE_INSTALL_PREFIX}/${ORVANTA_WINDOW_DIR})
-target_compile_definitions(orvanta PRIVATE ORVANTA_WINDOW_DIR_FROM_BIN="${window_dir_from_bin}")
+# orvanta-window and orvanta-cli are started by orvanta, never by the user, so they live in
+# libexec; orvanta (and orvanta-cli, which may start the window) find them through this path
+# relative to their own folder, or beside themselves in the build tree.
+set(ORVANTA_HELPERS_DIR ${CMAKE_INSTALL_LIBEXECDIR}/orvanta)
+foreach(program orvanta orvanta-cli)
+    set(installed_in ${CMAKE_INSTALL_BINDIR})
+    if(program STREQUAL orvanta-cli)
+        set(installed_in ${ORVANTA_HELPERS_DIR})
+    endif()
+    file(RELATIVE_PATH helpers_from_bin ${CMAKE_INSTALL_PREFIX}/${installed_in}
+         ${CMAKE_INSTALL_PREFIX}/${ORVANTA_HELPERS_DIR})
+    if(helpers_from_bin STREQUAL "")
+        set(helpers_from_bin .)
+    endif()
+    target_compile_definitions(${program} PRIVATE ORVANTA_HELPERS_FROM_BIN="${helpers_from_bin}")
+endforeach()
 
 install(TARGETS orvanta RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(TARGETS orvanta-window RUNTIME DESTINATION ${ORVANTA_WINDOW_DIR})
+install(TARGETS orvanta-window orvanta-cli RUNTIME DESTINATION ${ORVANTA_HELPERS_DIR})
 
 set(linux ${CMAKE_SOURCE_DIR}/resources/linux)
 configure_file(${linux}/${ORVANTA_APP_ID}.metainfo.xml.in

@@ -1,43 +1,8 @@
-// orvanta: runs a command of the command line, or starts the windowed program. Commands need
-// only Qt's core library, so this program loads nothing of the window system and a command
-// such as "orvanta day 2026-03-07" starts in a few milliseconds. Without a command it hands
-// its arguments over to orvanta-window, which lies beside it in the build folder and in the
-// program's libexec folder once installed.
-#include <unistd.h>
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-
+// orvanta-cli: runs a command of the command line with Qt's core library alone, so that a command
+// such as "orvanta day 2026-03-07" starts in a few milliseconds. Started by orvanta (see
+// launcher_main.cpp); arguments that name no command open the windowed program after all.
 #include "app/CommandLine.h"
-
-namespace {
-
-const char* const kWindowProgram = "orvanta-window";
-
-QByteArray WindowProgramPath() {
-    const QString folder =
-        QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).absolutePath();
-    const QString beside = folder + u'/' + QLatin1String(kWindowProgram);
-    if (QFileInfo::exists(beside))
-        return QFile::encodeName(beside);
-    return QFile::encodeName(QDir::cleanPath(folder +
-                                             QStringLiteral("/" ORVANTA_WINDOW_DIR_FROM_BIN "/") +
-                                             QLatin1String(kWindowProgram)));
-}
-
-int StartWindowProgram(char** argv) {
-    const QByteArray path = WindowProgramPath();
-    argv[0] = const_cast<char*>(path.constData());
-    ::execv(path.constData(), argv);
-    std::fprintf(stderr, "orvanta: cannot start %s: %s\n", path.constData(), std::strerror(errno));
-    return 1;
-}
-
-}  // namespace
+#include "app/HelperPrograms.h"
 
 int main(int argc, char** argv) {
     QStringList arguments;
@@ -47,5 +12,6 @@ int main(int argc, char** argv) {
     if (const int* status = std::get_if<int>(&parsed))
         return *status;
     const CommandLine& options = std::get<CommandLine>(parsed);
-    return options.command.isEmpty() ? StartWindowProgram(argv) : RunCommand(options);
+    return options.command.isEmpty() ? helpers::Become("orvanta-window", argv)
+                                     : RunCommand(options);
 }

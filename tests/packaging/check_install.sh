@@ -15,7 +15,7 @@ cmake --install "$build" --prefix "$prefix" >/dev/null
 desktop=$prefix/share/applications/$id.desktop
 metainfo=$prefix/share/metainfo/$id.metainfo.xml
 icons=$prefix/share/icons/hicolor
-for file in bin/orvanta libexec/orvanta/orvanta-window; do
+for file in bin/orvanta libexec/orvanta/orvanta-window libexec/orvanta/orvanta-cli; do
     [ -x "$prefix/$file" ] || fail "$file is not installed as a program"
 done
 for file in "$desktop" "$metainfo" "$icons/scalable/apps/$id.svg"; do
