@@ -92,13 +92,17 @@ bool NotesStore::SaveYear(Year year, const char* procedure, const QDate& date,
     });
 }
 
-bool NotesStore::DeleteNotes(int year, const QList<QDate>& dates) {
-    if (!DeleteDatedLines(services_, "DeleteNotes", year, kNotesFile, dates))
-        return false;
+void NotesStore::RereadYear(int year) {
     if (year == dates_.YearOf(Year::This))
         ReadThisYearsNotes();
     else if (year == dates_.YearOf(Year::Next))
         ReadNextYearsNotes();
+}
+
+bool NotesStore::DeleteNotes(int year, const QList<QDate>& dates) {
+    if (!DeleteDatedLines(services_, "DeleteNotes", year, kNotesFile, dates))
+        return false;
+    RereadYear(year);
     return true;
 }
 
@@ -113,10 +117,7 @@ bool NotesStore::PutNotes(int year, const QList<QDate>& dates, const QStringList
     }
     if (!PutDatedLines(services_, "PutNotes", year, kNotesFile, dates, payloads))
         return false;
-    if (year == dates_.YearOf(Year::This))
-        ReadThisYearsNotes();
-    else if (year == dates_.YearOf(Year::Next))
-        ReadNextYearsNotes();
+    RereadYear(year);
     return true;
 }
 

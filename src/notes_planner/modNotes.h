@@ -74,6 +74,8 @@ signals:
     void notesRead(int year);
 
 private:
+    // Reads the year again when it is one of the two in memory, after its file was rewritten.
+    void RereadYear(int year);
     void ReadYear(Year year, const char* procedure);
     bool SaveYear(Year year, const char* procedure, const QDate& date, const QString& text);
 

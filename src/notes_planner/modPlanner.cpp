@@ -164,13 +164,17 @@ bool PlannerStore::SaveYear(Year year, const char* procedure, const QString& mes
     return saved;
 }
 
-bool PlannerStore::DeletePlanners(int year, const QList<QDate>& dates) {
-    if (!DeleteDatedLines(services_, "DeletePlanners", year, kPlannerFile, dates))
-        return false;
+void PlannerStore::RereadYear(int year) {
     if (year == dates_.YearOf(Year::This))
         ReadThisYearsPlanner();
     else if (year == dates_.YearOf(Year::Next))
         ReadNextYearsPlanner();
+}
+
+bool PlannerStore::DeletePlanners(int year, const QList<QDate>& dates) {
+    if (!DeleteDatedLines(services_, "DeletePlanners", year, kPlannerFile, dates))
+        return false;
+    RereadYear(year);
     return true;
 }
 
@@ -187,10 +191,7 @@ bool PlannerStore::PutPlanners(int year, const QList<QDate>& dates,
     }
     if (!PutDatedLines(services_, "PutPlanners", year, kPlannerFile, dates, records))
         return false;
-    if (year == dates_.YearOf(Year::This))
-        ReadThisYearsPlanner();
-    else if (year == dates_.YearOf(Year::Next))
-        ReadNextYearsPlanner();
+    RereadYear(year);
     return true;
 }
 

@@ -107,6 +107,8 @@ signals:
     void plannerRead(int year);
 
 private:
+    // Reads the year again when it is one of the two in memory, after its file was rewritten.
+    void RereadYear(int year);
     void ReadYear(Year year, const char* procedure);
     bool StoreRecord(Year year, const char* procedure, const QDate& date, const PlannerPage& page);
     bool SaveYear(Year year, const char* procedure, const QString& message);

@@ -5,6 +5,7 @@
 #include <QProcess>
 
 #include "MainWindowFixture.h"
+#include "PdfTool.h"
 
 namespace {
 
@@ -16,18 +17,10 @@ const QByteArray kMarkerFile =
     "Party:1006\r\nDining:1007\r\nEvent:1008\r\nHoliday:1009\r\nMeeting:255*\r\n"
     "Travel:16711680\r\nVacation:1012\r\nQuick Marks:1013\r\nToday's Date:8421504\r\n";
 
-QString Run(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished(30000) || process.exitCode() != 0)
-        return QStringLiteral("<%1 failed: poppler-utils reads the PDFs>").arg(program);
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
-
 // Page 1 of the PDF as a picture, 40 pixels to the inch.
 QImage Rendered(const QString& pdf) {
     const QString prefix = pdf + QStringLiteral("-page");
-    Run("pdftoppm", {"-png", "-r", "40", "-f", "1", "-l", "1", "-singlefile", pdf, prefix});
+    RunPdfTool("pdftoppm", {"-png", "-r", "40", "-f", "1", "-l", "1", "-singlefile", pdf, prefix});
     return QImage(prefix + QStringLiteral(".png"));
 }
 
@@ -89,7 +82,7 @@ private slots:
         f->env.state->dates.SelectDate(QDate(2026, 9, 21));
         f->menu("mnuOptDateMarkAs_3")->trigger();  // Doctor: pure green
         const QString pdf = PrintFrom(item);
-        const QString text = Run("pdftotext", {"-layout", pdf, "-"});
+        const QString text = RunPdfTool("pdftotext", {"-layout", pdf, "-"});
         QVERIFY2(text.contains("September 2026"), qPrintable(text));
         QVERIFY2(text.contains("Founders Day"), qPrintable(text));
         QVERIFY2(text.contains("Doctor"), qPrintable(text));
@@ -105,7 +98,7 @@ private slots:
 
     void yearPrintoutHoldsTwelveMonthsOnOnePage() {
         const QString pdf = PrintFrom("mnuFilePrintYear");
-        const QString text = Run("pdftotext", {"-layout", pdf, "-"});
+        const QString text = RunPdfTool("pdftotext", {"-layout", pdf, "-"});
         QCOMPARE(text.count('\f'), 1);
         for (int month = 1; month <= 12; ++month)
             QVERIFY2(text.contains(QDate(2026, month, 1).toString("MMMM")), qPrintable(text));

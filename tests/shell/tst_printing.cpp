@@ -6,24 +6,17 @@
 #include <QRegularExpression>
 #include <numeric>
 
+#include "PdfTool.h"
 #include "TestEnv.h"
 #include "shell/ShellMessages.h"
 #include "shell/gui/Printing.h"
 
 namespace {
 
-QString Run(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished(30000) || process.exitCode() != 0)
-        return QStringLiteral("<%1 failed: poppler-utils reads the PDFs>").arg(program);
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
-
 // The text of each page as laid out on paper; ligatures read as their letters ("fi", not
 // U+FB01) and the ellipsis as three dots.
 QStringList PdfPages(const QString& path) {
-    QStringList pages = Run("pdftotext", {"-layout", path, "-"})
+    QStringList pages = RunPdfTool("pdftotext", {"-layout", path, "-"})
                             .normalized(QString::NormalizationForm_KC)
                             .split(QLatin1Char('\f'));
     if (pages.size() > 1 && pages.last().trimmed().isEmpty())
