@@ -49,6 +49,33 @@ private slots:
         VERIFY_DIALOGS(f.env.dialogs);
     }
 
+    // Where a day's number is inked on the one-month sheet: the mean column of the dark
+    // pixels in the upper third of its cell, against the cell's centre.
+    void offsetNumbersMoveToTheCorner() {
+        MainWindowFixture f;
+        f.Start();
+        f.calendar().Show1MonthCalendar();
+        CalendarView* view = f.calendar().calendarView();
+        const QDate first = view->MonthsOnShow().constFirst();
+        const QDate day = first.addDays(first.addDays(14) == f.env.clock.today() ? 15 : 14);
+        const auto inkFromCentre = [&] {
+            const QRect cell = view->DayRect(day);
+            const QImage image = view->grab().toImage();
+            double sum = 0;
+            int count = 0;
+            for (int y = cell.top() + 4; y < cell.top() + cell.height() / 3; ++y)
+                for (int x = cell.left() + 4; x < cell.right() - 4; ++x)
+                    if (qGray(image.pixel(x, y)) < 100) {
+                        sum += x;
+                        ++count;
+                    }
+            return count ? (sum / count - cell.center().x()) / cell.width() : 1.0;
+        };
+        QVERIFY2(std::abs(inkFromCentre()) < 0.1, "the number is centred");
+        f.menu("mnuOptCalNumbersOffset")->trigger();
+        QVERIFY2(inkFromCentre() < -0.25, "the number stands in the left corner");
+    }
+
     void clockFollowsTheTimeOfDay() {
         MainWindowFixture f(QDateTime(QDate(2026, 9, 7), QTime(15, 4, 59)));
         f.Start();

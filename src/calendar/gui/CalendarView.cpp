@@ -182,30 +182,43 @@ void CalendarView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     today_ = clock_.today();
     painter.fillRect(rect(), palette().base());
+    const DayFonts fonts = FontsOfDays();
     for (const Sheet& sheet : Layout())
-        PaintSheet(painter, sheet);
+        PaintSheet(painter, sheet, fonts);
 }
 
-void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet) const {
+CalendarView::DayFonts CalendarView::FontsOfDays() const {
+    DayFonts fonts;
+    fonts.plain = font();
+    const double numberScale = !Large() ? 0.85 : numbersOffset_ ? 0.9 : 1.4;
+    fonts.plain.setPointSizeF(font().pointSizeF() * numberScale);
+    fonts.bold = fonts.plain;
+    fonts.bold.setBold(true);
+    fonts.numberHeight = QFontMetrics(Large() ? fonts.bold : fonts.plain).height();
+    fonts.tinyHeight = QFontMetrics(TinyFont()).height();
+    return fonts;
+}
+
+void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet, const DayFonts& fonts) const {
     QFont titleFont = font();
     titleFont.setBold(true);
     titleFont.setPointSizeF(font().pointSizeF() * (Large() ? 1.6 : 1.0));
-    painter.setFont(titleFont);
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(sheet.title, Qt::AlignCenter,
-                     datefmt::MonthName(sheet.first.month()) + QLatin1Char(' ') +
-                         QString::number(sheet.first.year()));
+    titles_.Draw(painter, sheet.title, Qt::AlignCenter,
+                 datefmt::MonthName(sheet.first.month()) + QLatin1Char(' ') +
+                     QString::number(sheet.first.year()),
+                 titleFont);
 
     QFont weekdayFont = font();
     weekdayFont.setPointSizeF(font().pointSizeF() * (Large() ? 1.0 : 0.8));
-    painter.setFont(weekdayFont);
     painter.fillRect(sheet.weekdays, palette().alternateBase());
     for (int weekday = 0; weekday < kWeekdays; ++weekday) {
         QRect column = CellRect(sheet, weekday, 0);
         column.setTop(sheet.weekdays.top());
         column.setBottom(sheet.weekdays.bottom());
         const QString name = WeekdayNames().at(weekday);
-        painter.drawText(column, Qt::AlignCenter, Large() ? name : name.left(2));
+        weekdayNames_.Draw(painter, column, Qt::AlignCenter, Large() ? name : name.left(2),
+                           weekdayFont);
     }
 
     for (int week = 0; week < sheet.rows; ++week) {
@@ -213,7 +226,7 @@ void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet) const {
             const QRect cell = CellRect(sheet, weekday, week);
             const QDate date = DayOfCell(sheet.first, weekday, week);
             if (date.isValid())
-                PaintDay(painter, cell, date);
+                PaintDay(painter, cell, date, fonts);
             if (Large()) {
                 painter.setPen(palette().color(QPalette::Mid));
                 painter.setBrush(Qt::NoBrush);
@@ -248,7 +261,8 @@ void CalendarView::PaintIndicators(QPainter& painter, const QRect& cell,
         flag(true, QColor(0, 0, 192));
 }
 
-void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& date) const {
+void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& date,
+                            const DayFonts& fonts) const {
     // A month of neither year in memory shows its days dimmed and without what the stores know.
     const bool inMemory = dates_.HolderFor(date) != nullptr;
     const DayLook look = lookOf_ && inMemory ? lookOf_(date) : DayLook();
@@ -273,16 +287,12 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
         painter.drawRect(cell.adjusted(2, 2, -3, -3));
     }
 
-    QFont dayFont = font();
-    const double numberScale = !Large() ? 0.85 : numbersOffset_ ? 0.9 : 1.4;
-    dayFont.setPointSizeF(font().pointSizeF() * numberScale);
-    dayFont.setBold(Large() || date == today_);
-    painter.setFont(dayFont);
+    const bool bold = Large() || date == today_;
     painter.setPen(ink);
     const QRect inner = cell.adjusted(5, 3, -5, -3);
-    const int numberHeight = QFontMetrics(dayFont).height();
+    const int numberHeight = fonts.numberHeight;
     const bool named = !Large() && !look.captions.isEmpty();
-    const bool room = named && cell.height() >= numberHeight + QFontMetrics(TinyFont()).height();
+    const bool room = named && cell.height() >= numberHeight + fonts.tinyHeight;
     const Qt::Alignment numberAlignment =
         Large() ? (numbersOffset_ ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignTop
         : room  ? Qt::AlignHCenter | Qt::AlignTop
@@ -291,7 +301,9 @@ void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& d
     const QRect numberBox = room                        ? cell.adjusted(0, 1, 0, 0)
                             : Large() && numbersOffset_ ? inner.adjusted(10, 0, 0, 0)
                                                         : inner;
-    painter.drawText(numberBox, numberAlignment, QString::number(date.day()));
+    StaticTexts& numbers = bold ? boldNumbers_ : plainNumbers_;
+    numbers.Draw(painter, numberBox, numberAlignment, QString::number(date.day()),
+                 bold ? fonts.bold : fonts.plain);
     PaintIndicators(painter, cell, look);
     PaintIcons(painter, cell, date, look);
     if (Large()) {

@@ -7,6 +7,7 @@
 
 #include "calendar/CalendarDisplay.h"
 #include "calendar/DayLook.h"
+#include "calendar/gui/StaticTexts.h"
 
 class Clock;
 class DateModel;
@@ -87,8 +88,17 @@ private:
     };
     QList<Sheet> Layout() const;
     QRect CellRect(const Sheet& sheet, int weekday, int week) const;
-    void PaintSheet(QPainter& painter, const Sheet& sheet) const;
-    void PaintDay(QPainter& painter, const QRect& cell, const QDate& date) const;
+    // The fonts of a sheet's day numbers and their heights, worked out once per paint.
+    struct DayFonts {
+        QFont plain;
+        QFont bold;
+        int numberHeight = 0;
+        int tinyHeight = 0;
+    };
+    DayFonts FontsOfDays() const;
+    void PaintSheet(QPainter& painter, const Sheet& sheet, const DayFonts& fonts) const;
+    void PaintDay(QPainter& painter, const QRect& cell, const QDate& date,
+                  const DayFonts& fonts) const;
     void PaintIndicators(QPainter& painter, const QRect& cell, const DayLook& look) const;
     void PaintIcons(QPainter& painter, const QRect& cell, const QDate& date,
                     const DayLook& look) const;
@@ -116,4 +126,9 @@ private:
     // Today, asked of the clock once per paint.
     QDate today_;
     IconRef selectedIcon_;
+    // The sheets' texts laid out once: titles, weekday names, day numbers plain and bold.
+    mutable StaticTexts titles_;
+    mutable StaticTexts weekdayNames_;
+    mutable StaticTexts plainNumbers_;
+    mutable StaticTexts boldNumbers_;
 };
