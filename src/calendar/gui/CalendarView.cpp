@@ -182,13 +182,18 @@ void CalendarView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     today_ = clock_.today();
     painter.fillRect(rect(), palette().base());
-    const DayFonts fonts = FontsOfDays();
+    const SheetFonts fonts = FontsOfSheets();
     for (const Sheet& sheet : Layout())
         PaintSheet(painter, sheet, fonts);
 }
 
-CalendarView::DayFonts CalendarView::FontsOfDays() const {
-    DayFonts fonts;
+CalendarView::SheetFonts CalendarView::FontsOfSheets() const {
+    SheetFonts fonts;
+    fonts.title = font();
+    fonts.title.setBold(true);
+    fonts.title.setPointSizeF(font().pointSizeF() * (Large() ? 1.6 : 1.0));
+    fonts.weekday = font();
+    fonts.weekday.setPointSizeF(font().pointSizeF() * (Large() ? 1.0 : 0.8));
     fonts.plain = font();
     const double numberScale = !Large() ? 0.85 : numbersOffset_ ? 0.9 : 1.4;
     fonts.plain.setPointSizeF(font().pointSizeF() * numberScale);
@@ -199,18 +204,14 @@ CalendarView::DayFonts CalendarView::FontsOfDays() const {
     return fonts;
 }
 
-void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet, const DayFonts& fonts) const {
-    QFont titleFont = font();
-    titleFont.setBold(true);
-    titleFont.setPointSizeF(font().pointSizeF() * (Large() ? 1.6 : 1.0));
+void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet,
+                              const SheetFonts& fonts) const {
     painter.setPen(palette().color(QPalette::Text));
     titles_.Draw(painter, sheet.title, Qt::AlignCenter,
                  datefmt::MonthName(sheet.first.month()) + QLatin1Char(' ') +
                      QString::number(sheet.first.year()),
-                 titleFont);
+                 fonts.title);
 
-    QFont weekdayFont = font();
-    weekdayFont.setPointSizeF(font().pointSizeF() * (Large() ? 1.0 : 0.8));
     painter.fillRect(sheet.weekdays, palette().alternateBase());
     for (int weekday = 0; weekday < kWeekdays; ++weekday) {
         QRect column = CellRect(sheet, weekday, 0);
@@ -218,7 +219,7 @@ void CalendarView::PaintSheet(QPainter& painter, const Sheet& sheet, const DayFo
         column.setBottom(sheet.weekdays.bottom());
         const QString name = WeekdayNames().at(weekday);
         weekdayNames_.Draw(painter, column, Qt::AlignCenter, Large() ? name : name.left(2),
-                           weekdayFont);
+                           fonts.weekday);
     }
 
     for (int week = 0; week < sheet.rows; ++week) {
@@ -262,7 +263,7 @@ void CalendarView::PaintIndicators(QPainter& painter, const QRect& cell,
 }
 
 void CalendarView::PaintDay(QPainter& painter, const QRect& cell, const QDate& date,
-                            const DayFonts& fonts) const {
+                            const SheetFonts& fonts) const {
     // A month of neither year in memory shows its days dimmed and without what the stores know.
     const bool inMemory = dates_.HolderFor(date) != nullptr;
     const DayLook look = lookOf_ && inMemory ? lookOf_(date) : DayLook();

@@ -88,17 +88,20 @@ private:
     };
     QList<Sheet> Layout() const;
     QRect CellRect(const Sheet& sheet, int weekday, int week) const;
-    // The fonts of a sheet's day numbers and their heights, worked out once per paint.
-    struct DayFonts {
+    // The fonts of the sheets' titles, weekday names and day numbers, and the heights a day
+    // cell is laid out by, worked out once per paint.
+    struct SheetFonts {
+        QFont title;
+        QFont weekday;
         QFont plain;
         QFont bold;
         int numberHeight = 0;
         int tinyHeight = 0;
     };
-    DayFonts FontsOfDays() const;
-    void PaintSheet(QPainter& painter, const Sheet& sheet, const DayFonts& fonts) const;
+    SheetFonts FontsOfSheets() const;
+    void PaintSheet(QPainter& painter, const Sheet& sheet, const SheetFonts& fonts) const;
     void PaintDay(QPainter& painter, const QRect& cell, const QDate& date,
-                  const DayFonts& fonts) const;
+                  const SheetFonts& fonts) const;
     void PaintIndicators(QPainter& painter, const QRect& cell, const DayLook& look) const;
     void PaintIcons(QPainter& painter, const QRect& cell, const QDate& date,
                     const DayLook& look) const;

@@ -2,9 +2,17 @@
 
 #include <QPainter>
 
+namespace {
+
+constexpr qsizetype kMostKept = 400;
+
+}  // namespace
+
 void StaticTexts::Draw(QPainter& painter, const QRect& box, Qt::Alignment alignment,
                        const QString& text, const QFont& font) {
-    if (font != font_) {
+    // A new font lays everything out anew; so does a long session's browsing through the
+    // years, which would otherwise keep every title it ever showed.
+    if (font != font_ || laidOut_.size() > kMostKept) {
         font_ = font;
         laidOut_.clear();
     }
