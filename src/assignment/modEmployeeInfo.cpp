@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "shell/Files.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
@@ -26,31 +27,62 @@ QList<Contact> ParseEmployeeInfo(const QStringList& lines) {
     return people;
 }
 
+namespace {
+
+QStringList ContactFields(const Contact& person) {
+    return {OnOneLine(person.name), OnOneLine(person.address), OnOneLine(person.note)};
+}
+
+}  // namespace
+
 QString EmployeeInfoText(const QList<Contact>& people) {
     QStringList lines;
     lines.reserve(people.size());
     for (const Contact& person : people)
-        lines.append(person.name + u':' + person.address + u':' + person.note);
+        lines.append(ContactFields(person).join(u':'));
     return lines.isEmpty() ? QString() : textfile::JoinLines(lines) + kCrLf;
+}
+
+const RecordLayout& EmployeeInfoLayout() {
+    static const RecordLayout layout = [] {
+        RecordLayout contacts;
+        contacts.key = RecordLayout::Key::LeadingFields;
+        contacts.keyFields = 1;
+        contacts.whenEmpty = RecordLayout::WhenEmpty::EmptyFile;
+        return contacts;
+    }();
+    return layout;
 }
 
 void ContactList::ReadEmployeeInfo() {
     people_.clear();
-    services_.Trap("ReadEmployeeInfo", [this] {
-        QString path;
-        if (!FileExists(services_.AppFolder, kEmployeeInfoFile, &path) &&
-            !FileExists(services_.AppFolder, kEmailListFile, &path))
-            return;
-        people_ = ParseEmployeeInfo(textfile::ReadLines(path));
-        Sort();
-    });
+    // The older list is read only while there is no "Employee Info.dat"; it is never written,
+    // and the first save makes "Employee Info.dat".
+    const bool older = !FileExists(services_.AppFolder, kEmployeeInfoFile) &&
+                       FileExists(services_.AppFolder, kEmailListFile);
+    DataFile olderFile(kEmailListFile);
+    QStringList lines;
+    file_.SetName(kEmployeeInfoFile);
+    ReadDataFile(services_, "ReadEmployeeInfo", older ? olderFile : file_,
+                 [&](QByteArrayView line, int) { lines.append(LineText(line)); });
+    people_ = ParseEmployeeInfo(lines);
+    Sort();
 }
 
 bool ContactList::SaveEmployeeInfo() {
-    return services_.Trap("SaveEmployeeInfo", [this] {
-        textfile::WriteAll(PathForWriting(services_.AppFolder, kEmployeeInfoFile),
-                           EmployeeInfoText(people_));
-    });
+    Records records(EmployeeInfoLayout());
+    for (const Contact& person : people_)
+        records.Add(ContactFields(person));
+    const SaveResult result = SaveDataFile(services_, "SaveEmployeeInfo", file_, records);
+    if (result == SaveResult::Merged)
+        ReadEmployeeInfo();
+    return result != SaveResult::Refused;
+}
+
+std::optional<QString> ContactList::Problem(const Contact& person) {
+    Records records(EmployeeInfoLayout());
+    records.Add(ContactFields(person));
+    return records.Problem();
 }
 
 qsizetype ContactList::Find(const QString& name) const {

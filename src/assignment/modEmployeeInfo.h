@@ -3,6 +3,10 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <optional>
+
+#include "shell/DataFile.h"
+#include "shell/Records.h"
 
 class Services;
 
@@ -25,6 +29,8 @@ struct Contact {
 // line, may. A line with fewer fields leaves the missing ones empty; an empty line is skipped.
 QList<Contact> ParseEmployeeInfo(const QStringList& lines);
 QString EmployeeInfoText(const QList<Contact>& people);
+// The layout of "Employee Info.dat": a person a line, named by the name; nobody, an empty file.
+const RecordLayout& EmployeeInfoLayout();
 
 // The people, kept sorted by name whatever the letters' case.
 class ContactList {
@@ -34,9 +40,12 @@ public:
     // Reads "Employee Info.dat" (or the older "Email_List.dat" when that is all there is); no
     // file is an empty list. A failure is logged.
     void ReadEmployeeInfo();
-    // Rewrites "Employee Info.dat" whole; an empty list leaves an empty file. False (after
-    // logging why) when the file could not be written.
+    // Saves "Employee Info.dat" with everybody; an empty list leaves an empty file. False when
+    // nothing was written (see SaveDataFile).
     bool SaveEmployeeInfo();
+    // Why person cannot be kept in the file (a field holding a character it cannot hold, or a
+    // name or address holding ":"), or nullopt.
+    static std::optional<QString> Problem(const Contact& person);
 
     const QList<Contact>& People() const { return people_; }
     // The index of the person called name (any letter case); -1 when there is none.
@@ -50,4 +59,5 @@ private:
 
     Services& services_;
     QList<Contact> people_;
+    DataFile file_{kEmployeeInfoFile};
 };

@@ -7,7 +7,6 @@
 #include "calendar/modMarks.h"
 #include "shell/DateFormats.h"
 #include "shell/Services.h"
-#include "shell/TextFile.h"
 
 namespace {
 
@@ -128,8 +127,9 @@ void DateActions::mnuOptDateAttachHoverText_Click() {
             services_.dialogs.MsgBox(kHoverLineBreakMessage, kWarningStyle);
             return;
         }
-        if (const auto bad = textfile::FirstUnstorableCharacter(answer)) {
-            services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
+        // Checked before the note goes into the year, which then holds only what can be saved.
+        if (const auto problem = FieldProblem(MarksLayout(), answer, true)) {
+            services_.dialogs.MsgBox(*problem, kWarningStyle);
             return;
         }
         tables.hover[day.cell] = answer;

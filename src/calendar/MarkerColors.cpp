@@ -2,6 +2,7 @@
 
 #include "calendar/CalendarMessages.h"
 #include "shell/Files.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
@@ -53,35 +54,44 @@ const MarkerColors::Entries& MarkerColors::Defaults() {
     return defaults;
 }
 
-MarkerColors::MarkerColors() : entries_(Defaults()) {}
+MarkerColors::MarkerColors() : entries_(Defaults()), file_(kMarkerColorsFile) {}
+
+const RecordLayout& MarkerColors::Layout() {
+    // A caption may hold ":" (the colour follows the last one), so a line is one field; the
+    // lines are named by their place.
+    static const RecordLayout layout = [] {
+        RecordLayout colors;
+        colors.separator = QChar();
+        colors.key = RecordLayout::Key::Position;
+        colors.whenEmpty = RecordLayout::WhenEmpty::EmptyFile;
+        return colors;
+    }();
+    return layout;
+}
 
 void MarkerColors::ReadMarkerColors(Services& services) {
     entries_ = Defaults();
-    partlyRead_ = false;
-    QString path;
-    if (!FileExists(services.AppFolder, kMarkerColorsFile, &path))
+    int count = 0;
+    if (!ReadDataFile(services, "ReadMarkerColors", file_, [&](QByteArrayView line, int) {
+            if (count < kCount)
+                entries_[count] = ParseLine(LineText(line));
+            ++count;
+        }))
         return;
-    partlyRead_ = !services.Trap("ReadMarkerColors", [&] {
-        const QStringList lines = textfile::ReadLines(path);
-        for (int i = 0; i < kCount; ++i) {
-            if (i >= lines.size())
-                Raise(err::InputPastEndOfFile);
-            entries_[i] = ParseLine(lines[i]);
-        }
-    });
+    // A file that stops before the last category is read only in part.
+    if (file_.Stamp().exists && count < kCount) {
+        const VbError error = file_.Fault(count + 1, VbError(err::InputPastEndOfFile));
+        services.LogError(QStringLiteral("ReadMarkerColors"), error.number(), error.description());
+    }
 }
 
 void MarkerColors::SaveMarkerColors(Services& services) {
-    services.Trap("SaveMarkerColors", [&] {
-        if (services.RefuseSaveAfterPartialRead(partlyRead_, kMarkerColorsFile))
-            return;
-        QString text;
-        for (const MarkerColor& entry : entries_) {
-            text += entry.caption + QLatin1Char(':') + QString::number(entry.color) +
-                    (entry.hidden ? QStringLiteral("*") : QString()) + kCrLf;
-        }
-        textfile::WriteAll(PathForWriting(services.AppFolder, kMarkerColorsFile), text);
-    });
+    Records records(Layout());
+    for (const MarkerColor& entry : entries_) {
+        records.Add({entry.caption + QLatin1Char(':') + QString::number(entry.color) +
+                     (entry.hidden ? QStringLiteral("*") : QString())});
+    }
+    SaveDataFile(services, "SaveMarkerColors", file_, records);
 }
 
 int MarkerColors::IndexOfColor(quint32 color) const {
@@ -115,9 +125,7 @@ std::optional<QString> CaptionProblem(const QString& caption) {
         return kEmptyCaptionMessage;
     if (caption.contains(QLatin1Char('\r')) || caption.contains(QLatin1Char('\n')))
         return kCaptionLineBreakMessage;
-    if (const auto bad = textfile::FirstUnstorableCharacter(caption))
-        return textfile::UnstorableCharacterMessage(*bad);
-    return std::nullopt;
+    return FieldProblem(MarkerColors::Layout(), caption, true);
 }
 
 }  // namespace

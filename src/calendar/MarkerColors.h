@@ -1,5 +1,8 @@
 #pragma once
 
+#include "shell/DataFile.h"
+#include "shell/Records.h"
+
 #include <QString>
 #include <array>
 #include <optional>
@@ -70,7 +73,10 @@ public:
     std::optional<QString> SetCategories(const Entries& entries);
     const Entries& entries() const { return entries_; }
 
+    // The layout of the file: a category a line, "caption:colour" with "*" when hidden.
+    static const RecordLayout& Layout();
+
 private:
     Entries entries_;
-    bool partlyRead_ = false;
+    DataFile file_;
 };

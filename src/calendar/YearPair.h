@@ -23,9 +23,4 @@ public:
 
     // Reads this year's file and then next year's into their tables.
     virtual void ReadBothYears() = 0;
-
-protected:
-    // Whether a year's last read stopped at a faulty line: saving that year would overwrite
-    // the lines never read, so its next save is refused.
-    YearPair<bool> partlyRead;
 };

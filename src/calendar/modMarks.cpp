@@ -4,6 +4,7 @@
 #include "calendar/MarkerColors.h"
 #include "shell/Files.h"
 #include "shell/FixedWidth.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
@@ -35,19 +36,31 @@ void MarkTables::Clear() {
     hover.Fill(QString());
 }
 
-QString FormatMarkLine(const MarkLine& mark) {
-    QString line;
-    line.reserve(16 + mark.hover.size());
-    AppendTwoDigits(line, mark.cell.month);
-    line += QLatin1Char(':');
-    AppendTwoDigits(line, mark.cell.weekday);
-    line += QLatin1Char(':');
-    AppendTwoDigits(line, mark.cell.week);
-    line += QLatin1Char(':');
-    line += QString::number(mark.color);
+const RecordLayout& MarksLayout() {
+    static const RecordLayout layout = [] {
+        RecordLayout marks;
+        marks.key = RecordLayout::Key::LeadingFields;
+        marks.keyFields = 3;
+        marks.endAfterLast = false;
+        marks.keepBackup = true;
+        return marks;
+    }();
+    return layout;
+}
+
+QStringList MarkFields(const MarkLine& mark) {
+    QString cell[3];
+    AppendTwoDigits(cell[0], mark.cell.month);
+    AppendTwoDigits(cell[1], mark.cell.weekday);
+    AppendTwoDigits(cell[2], mark.cell.week);
+    QString last = QString::number(mark.color);
     if (!mark.hover.isEmpty())
-        line += QLatin1Char('-') + mark.hover;
-    return line;
+        last += QLatin1Char('-') + OnOneLine(mark.hover);
+    return {cell[0], cell[1], cell[2], last};
+}
+
+QString FormatMarkLine(const MarkLine& mark) {
+    return MarkFields(mark).join(QLatin1Char(':'));
 }
 
 MarkLine ParseMarkLine(QStringView line) {
@@ -104,26 +117,35 @@ void DateMarks::ReadBothYears() {
     ReadAndDisplayNextYearsMarks();
 }
 
-void DateMarks::SaveYear(Year year, const char* procedure) {
-    services_.Trap(procedure, [&] {
-        const QString fileName = FileName(dates_.YearOf(year));
-        if (services_.RefuseSaveAfterPartialRead(partlyRead[year], fileName))
-            return;
-        const MarkTables& tables = years[year];
-        QStringList lines;
-        tables.set.ForEach([&](const CellIndex& cell, qint16 marked) {
-            if (marked != 0)
-                lines.append(FormatMarkLine({cell, tables.category[cell], tables.hover[cell]}));
-        });
-        // No marks: the old file becomes the backup and no current file is written.
-        textfile::WriteWithBackup(services_.AppFolder, fileName, textfile::JoinLines(lines));
+Records DateMarks::RecordsOf(const MarkTables& tables) const {
+    Records records(MarksLayout());
+    tables.set.ForEach([&](const CellIndex& cell, qint16 marked) {
+        if (marked != 0)
+            records.Add(MarkFields({cell, tables.category[cell], tables.hover[cell]}));
     });
+    return records;
+}
+
+void DateMarks::SaveYear(Year year, const char* procedure) {
+    MarkTables& tables = years[year];
+    tables.file.UseName(FileName(dates_.YearOf(year)));
+    // A year without marks leaves only the backup of its file.
+    if (SaveDataFile(services_, procedure, tables.file, RecordsOf(tables)) == SaveResult::Merged)
+        ReadYear(year, procedure, FileName(dates_.YearOf(year)));
 }
 
 bool DateMarks::PutMarkLines(int year, const QStringList& lines) {
-    const bool written = services_.Trap("PutMarkLines", [&] {
-        textfile::WriteWithBackup(services_.AppFolder, FileName(year), textfile::JoinLines(lines));
+    MarkTables fresh;
+    fresh.file.SetName(FileName(year));
+    services_.Trap("PutMarkLines", [&] {
+        ReadLinesOf(services_.AppFolder, fresh.file,
+                    [](QByteArrayView line, int) { ParseMarkLine(LineText(line)); });
     });
+    Records records(MarksLayout());
+    for (const QString& line : lines)
+        records.Add({line});
+    const bool written =
+        SaveDataFile(services_, "PutMarkLines", fresh.file, records) != SaveResult::Refused;
     if (written && year == dates_.YearOf(Year::This))
         ReadAndDisplayThisYearsMarks();
     else if (written && year == dates_.YearOf(Year::Next))
@@ -133,18 +155,14 @@ bool DateMarks::PutMarkLines(int year, const QStringList& lines) {
 
 void DateMarks::ReadYear(Year year, const char* procedure, const QString& fileName) {
     MarkTables& tables = years[year];
-    partlyRead[year] = !services_.Trap(procedure, [&] {
-        tables.Clear();
-        QString path;
-        if (!FileExists(services_.AppFolder, fileName, &path))
-            return;
-        for (const QString& line : textfile::ReadLines(path)) {
-            const MarkLine mark = ParseMarkLine(line);
-            tables.set[mark.cell] = kMarked;
-            tables.category[mark.cell] = mark.color;
-            if (!mark.hover.isEmpty())
-                tables.hover[mark.cell] = mark.hover;
-        }
+    tables.Clear();
+    tables.file.SetName(fileName);
+    ReadDataFile(services_, procedure, tables.file, [&](QByteArrayView bytes, int) {
+        const MarkLine mark = ParseMarkLine(LineText(bytes));
+        tables.set[mark.cell] = kMarked;
+        tables.category[mark.cell] = mark.color;
+        if (!mark.hover.isEmpty())
+            tables.hover[mark.cell] = mark.hover;
     });
     emit marksRead(dates_.YearOf(year));
 }
@@ -191,8 +209,17 @@ bool DateMarks::RestoreThisYearsMarks() {
     if (!FileExists(services_.AppFolder, BackupFileName(year)))
         return false;
     // The backup's marks are read and then saved the usual way, so the marks they replace
-    // become the new backup: a restore can itself be undone by restoring again.
+    // become the new backup: a restore can itself be undone by restoring again. A backup that
+    // cannot be read whole is not saved over the year (it would replace the backup too).
+    MarkTables& tables = years[Year::This];
     ReadYear(Year::This, "RestoreThisYearsMarks", BackupFileName(year));
+    if (!tables.file.PartlyRead()) {
+        tables.file.SetName(FileName(year));
+        services_.Trap("RestoreThisYearsMarks", [&] {
+            tables.file.Load(services_.AppFolder);
+            tables.file.MarkReadWhole();
+        });
+    }
     SaveThisYearsMarks();
     return true;
 }

@@ -7,6 +7,8 @@
 #include "calendar/DayGrid.h"
 #include "calendar/DayLook.h"
 #include "calendar/YearPair.h"
+#include "shell/DataFile.h"
+#include "shell/Records.h"
 
 class DateModel;
 class MarkerColors;
@@ -18,6 +20,8 @@ struct MarkTables {
     DayGrid<qint16> set;
     DayGrid<qint32> category;
     DayGrid<QString> hover;
+    // The year's file as last read or saved.
+    DataFile file;
 
     void Clear();
 };
@@ -30,7 +34,10 @@ struct MarkLine {
 };
 
 // "03:02:01:255-Dentist 10 am": month index, weekday column and week row (two digits each,
-// from 0), the colour as a decimal number, and "-" with the hover text when the day has one.
+// from 0), the colour as a decimal number, and "-" with the hover text when the day has one
+// (kept on one line). A line is named by its cell; the old file is kept as the ".bak".
+const RecordLayout& MarksLayout();
+QStringList MarkFields(const MarkLine& mark);
 QString FormatMarkLine(const MarkLine& mark);
 // Throws VbError (13 for a field that is not a number, 9 for an index out of range).
 MarkLine ParseMarkLine(QStringView line);
@@ -80,7 +87,8 @@ public:
     bool RestoreThisYearsMarks();
 
     // Replaces a year's file (any year) with lines, the previous file becoming the backup as
-    // in a save; a year in memory is read again. Returns whether it was written.
+    // in a save (and refused as a save is: a file that cannot be read whole is never
+    // replaced); a year in memory is read again. Returns whether it was written.
     bool PutMarkLines(int year, const QStringList& lines);
 
     // The file name of a year's marks and of their backup.
@@ -95,6 +103,8 @@ private:
     void SaveYear(Year year, const char* procedure);
     // Replaces a year's tables with the marks of fileName.
     void ReadYear(Year year, const char* procedure, const QString& fileName);
+    // The records of a year's tables.
+    Records RecordsOf(const MarkTables& tables) const;
 
     Services& services_;
     const DateModel& dates_;

@@ -2,38 +2,62 @@
 
 #include <QDir>
 #include <QRegularExpression>
-#include <QSet>
 
 #include "decorations/DecorationMessages.h"
 #include "shell/Files.h"
 #include "shell/SafeSave.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
+void ParseIconTagLine(const QString& line, QList<IconTag>& tags) {
+    if (line.trimmed().isEmpty())
+        return;
+    const qsizetype colon = line.indexOf(QLatin1Char(':'));
+    if (colon < 0)
+        Raise(err::TypeMismatch);
+    const int number = ToInt(QStringView(line).left(colon));
+    if (number <= 0)
+        Raise(err::TypeMismatch);
+    for (const IconTag& tag : tags)
+        if (tag.number == number)
+            Raise(err::InvalidProcedureCall);
+    tags.append({number, line.mid(colon + 1)});
+}
+
 void ParseIconTags(const QStringList& lines, QList<IconTag>& tags) {
     tags.clear();
-    QSet<int> seen;
-    for (const QString& line : lines) {
-        if (line.trimmed().isEmpty())
-            continue;
-        const qsizetype colon = line.indexOf(QLatin1Char(':'));
-        if (colon < 0)
-            Raise(err::TypeMismatch);
-        const int number = ToInt(QStringView(line).left(colon));
-        if (number <= 0)
-            Raise(err::TypeMismatch);
-        if (seen.contains(number))
-            Raise(err::InvalidProcedureCall);
-        seen.insert(number);
-        tags.append({number, line.mid(colon + 1)});
-    }
+    for (const QString& line : lines)
+        ParseIconTagLine(line, tags);
 }
+
+namespace {
+
+Records IconTagRecords(const QList<IconTag>& tags) {
+    Records records(IconTagsLayout());
+    for (const IconTag& tag : tags)
+        records.Add({QString::number(tag.number), OnOneLine(tag.caption)});
+    return records;
+}
+
+}  // namespace
 
 QString IconTagsText(const QList<IconTag>& tags) {
     QString text;
     for (const IconTag& tag : tags)
-        text += QString::number(tag.number) + QLatin1Char(':') + tag.caption + kCrLf;
+        text += QString::number(tag.number) + QLatin1Char(':') + OnOneLine(tag.caption) + kCrLf;
     return text;
+}
+
+const RecordLayout& IconTagsLayout() {
+    static const RecordLayout layout = [] {
+        RecordLayout tags;
+        tags.key = RecordLayout::Key::LeadingFields;
+        tags.keyFields = 1;
+        tags.whenEmpty = RecordLayout::WhenEmpty::EmptyFile;
+        return tags;
+    }();
+    return layout;
 }
 
 QString IconPictureName(int number) {
@@ -50,7 +74,7 @@ QString MakeImagesFolder(Services& services) {
     return images;
 }
 
-modIcons::modIcons(Services& services) : services_(services) {}
+modIcons::modIcons(Services& services) : services_(services), file_(kIconTagsFile) {}
 
 QString modIcons::Caption(int number) const {
     for (const IconTag& tag : tags_)
@@ -70,11 +94,8 @@ QString modIcons::PicturePath(int number) const {
 
 void modIcons::ReadIconTags() {
     tags_.clear();
-    partlyRead_ = false;
-    QString path;
-    if (FileExists(services_.AppFolder, kIconTagsFile, &path))
-        partlyRead_ = !services_.Trap("ReadIconTags",
-                                      [&] { ParseIconTags(textfile::ReadLines(path), tags_); });
+    ReadDataFile(services_, "ReadIconTags", file_,
+                 [&](QByteArrayView line, int) { ParseIconTagLine(LineText(line), tags_); });
     emit iconsChanged();
 }
 
@@ -95,30 +116,24 @@ int modIcons::NextNumber() const {
 }
 
 bool modIcons::SaveIconTags(const QList<IconTag>& tags) {
-    if (services_.RefuseSaveAfterPartialRead(partlyRead_, kIconTagsFile))
+    const SaveResult result = SaveDataFile(services_, "SaveIconTags", file_, IconTagRecords(tags));
+    if (result == SaveResult::Refused)
         return false;
-    const QString text = IconTagsText(tags);
-    if (const auto bad = textfile::FirstUnstorableCharacter(text)) {
-        services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
-        return false;
-    }
-    const bool saved = services_.Trap("SaveIconTags", [&] {
-        safesave::Replace(PathForWriting(services_.AppFolder, kIconTagsFile),
-                          textfile::Encode(text));
-    });
-    if (saved) {
+    if (result == SaveResult::Merged) {
+        ReadIconTags();
+    } else {
         tags_ = tags;
         emit iconsChanged();
     }
-    return saved;
+    return true;
 }
 
 int modIcons::AddIcon(const QByteArray& icoBytes, const QString& caption) {
-    if (services_.RefuseSaveAfterPartialRead(partlyRead_, kIconTagsFile))
-        return 0;
-    // A caption the list cannot hold is refused before a picture is written for it.
-    if (const auto bad = textfile::FirstUnstorableCharacter(caption)) {
-        services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
+    // A list that cannot take the icon is refused before its picture is written.
+    QList<IconTag> tags = tags_;
+    tags.append({NextNumber(), caption});
+    if (const auto problem = SaveProblem(file_, IconTagRecords(tags))) {
+        services_.dialogs.MsgBox(*problem, kWarningStyle);
         return 0;
     }
     int number = 0;
@@ -129,8 +144,7 @@ int modIcons::AddIcon(const QByteArray& icoBytes, const QString& caption) {
     });
     if (!written)
         return 0;
-    QList<IconTag> tags = tags_;
-    tags.append({number, caption});
+    tags.last().number = number;
     return SaveIconTags(tags) ? number : 0;
 }
 

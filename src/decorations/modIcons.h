@@ -5,6 +5,9 @@
 #include <QString>
 #include <QStringList>
 
+#include "shell/DataFile.h"
+#include "shell/Records.h"
+
 class Services;
 
 // One icon of the library: its number, which names its picture ("Images\" + number + ".ico"),
@@ -20,7 +23,12 @@ struct IconTag {
 // each icon as it is read; a line that is not a number and a caption raises error 13 after the
 // lines before it, and a number used twice error 5.
 void ParseIconTags(const QStringList& lines, QList<IconTag>& tags);
+// Adds the icon of one such line to tags (an empty line adds nothing).
+void ParseIconTagLine(const QString& line, QList<IconTag>& tags);
 QString IconTagsText(const QList<IconTag>& tags);
+// The layout of "Icon Tags.dat": an icon a line, named by its number; the caption is kept on
+// one line and may hold ":".
+const RecordLayout& IconTagsLayout();
 
 // The file name of icon number's picture inside the "Images" folder.
 QString IconPictureName(int number);
@@ -67,5 +75,5 @@ private:
 
     Services& services_;
     QList<IconTag> tags_;
-    bool partlyRead_ = false;
+    DataFile file_;
 };

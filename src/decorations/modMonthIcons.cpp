@@ -1,11 +1,9 @@
 #include "decorations/modMonthIcons.h"
 
-#include <QFile>
-
 #include "decorations/DecorationMessages.h"
 #include "shell/Files.h"
 #include "shell/Prompts.h"
-#include "shell/SafeSave.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
@@ -32,50 +30,72 @@ QString MonthIconsFileName(int month) {
     return abbreviations.at(month - 1) + kMonthIconsSuffix;
 }
 
+void ParseMonthIconLine(int month, const QString& line, QList<PlacedIcon>& icons) {
+    if (line.trimmed().isEmpty())
+        return;
+    const auto [key, number] = SplitLine(line);
+    const QDate date = QDate::fromString(key, QStringLiteral("MM/dd/yyyy"));
+    if (!date.isValid() || date.month() != month)
+        Raise(err::TypeMismatch);
+    icons.append({date, number});
+}
+
 void ParseMonthIcons(int month, const QStringList& lines, QList<PlacedIcon>& icons) {
     icons.clear();
-    for (const QString& line : lines) {
-        if (line.trimmed().isEmpty())
-            continue;
-        const auto [key, number] = SplitLine(line);
-        const QDate date = QDate::fromString(key, QStringLiteral("MM/dd/yyyy"));
-        if (!date.isValid() || date.month() != month)
-            Raise(err::TypeMismatch);
-        icons.append({date, number});
-    }
+    for (const QString& line : lines)
+        ParseMonthIconLine(month, line, icons);
 }
+
+namespace {
+
+QStringList MonthIconFields(const PlacedIcon& icon) {
+    return {icon.date.toString(QStringLiteral("MM/dd/yyyy")), QString::number(icon.number)};
+}
+
+QStringList TemplateIconFields(const TemplateIcon& icon) {
+    return {QStringLiteral("%1").arg(icon.day, 2, 10, QLatin1Char('0')),
+            QString::number(icon.number)};
+}
+
+}  // namespace
 
 QString MonthIconsText(const QList<PlacedIcon>& icons) {
     QString text;
     for (const PlacedIcon& icon : icons)
-        text += icon.date.toString(QStringLiteral("MM/dd/yyyy")) + QLatin1Char(':') +
-                QString::number(icon.number) + kCrLf;
+        text += MonthIconFields(icon).join(QLatin1Char(':')) + kCrLf;
     return text;
+}
+
+void ParseTemplateIconLine(const QString& line, QList<TemplateIcon>& icons) {
+    if (line.trimmed().isEmpty())
+        return;
+    const auto [key, number] = SplitLine(line);
+    const int day = ToInt(key);
+    if (day < 1 || day > 31)
+        Raise(err::TypeMismatch);
+    icons.append({day, number});
 }
 
 void ParseTemplateIcons(const QStringList& lines, QList<TemplateIcon>& icons) {
     icons.clear();
-    for (const QString& line : lines) {
-        if (line.trimmed().isEmpty())
-            continue;
-        const auto [key, number] = SplitLine(line);
-        const int day = ToInt(key);
-        if (day < 1 || day > 31)
-            Raise(err::TypeMismatch);
-        icons.append({day, number});
-    }
+    for (const QString& line : lines)
+        ParseTemplateIconLine(line, icons);
 }
 
 QString TemplateIconsText(const QList<TemplateIcon>& icons) {
     QString text;
     for (const TemplateIcon& icon : icons)
-        text +=
-            QStringLiteral("%1:%2").arg(icon.day, 2, 10, QLatin1Char('0')).arg(icon.number) + kCrLf;
+        text += TemplateIconFields(icon).join(QLatin1Char(':')) + kCrLf;
     return text;
 }
 
+const RecordLayout& IconPlacesLayout() {
+    static const RecordLayout layout;
+    return layout;
+}
+
 modMonthIcons::modMonthIcons(Services& services, ChangeFlags& flags)
-    : services_(services), flags_(flags) {}
+    : services_(services), flags_(flags), templateFile_(kTemplateFile) {}
 
 void modMonthIcons::ReadAllIcons() {
     ReadTemplate();
@@ -96,21 +116,18 @@ void modMonthIcons::ReadMonth(int month) {
     MonthTable& table = months_.at(month - 1);
     table = {};
     table.read = true;
-    QString path;
-    if (FileExists(services_.AppFolder, MonthIconsFileName(month), &path))
-        table.partlyRead = !services_.Trap("ReadMonthIcons", [&] {
-            ParseMonthIcons(month, textfile::ReadLines(path), table.icons);
-        });
+    table.file.SetName(MonthIconsFileName(month));
+    ReadDataFile(services_, "ReadMonthIcons", table.file, [&](QByteArrayView line, int) {
+        ParseMonthIconLine(month, LineText(line), table.icons);
+    });
 }
 
 void modMonthIcons::ReadTemplate() {
     template_.clear();
     templateRead_ = true;
-    templatePartlyRead_ = false;
-    QString path;
-    if (FileExists(services_.AppFolder, kTemplateFile, &path))
-        templatePartlyRead_ = !services_.Trap(
-            "ReadTemplateIcons", [&] { ParseTemplateIcons(textfile::ReadLines(path), template_); });
+    ReadDataFile(services_, "ReadTemplateIcons", templateFile_, [&](QByteArrayView line, int) {
+        ParseTemplateIconLine(LineText(line), template_);
+    });
 }
 
 const QList<PlacedIcon>& modMonthIcons::MonthIcons(int month) {
@@ -208,27 +225,16 @@ void modMonthIcons::RemoveAllIcons(const QDate& firstOfMonth) {
     MonthChanged(month);
 }
 
-bool modMonthIcons::Write(const char* procedure, const QString& fileName, const QString& text,
-                          bool partly) {
-    if (services_.RefuseSaveAfterPartialRead(partly, fileName))
-        return false;
-    return services_.Trap(procedure, [&] {
-        const QString path = PathForWriting(services_.AppFolder, fileName);
-        // A month or template without icons leaves no file behind.
-        if (text.isEmpty()) {
-            if (QFile::exists(path) && !QFile::remove(path))
-                Raise(err::PermissionDenied);
-            return;
-        }
-        safesave::Replace(path, textfile::Encode(text));
-    });
-}
-
 bool modMonthIcons::SaveMonthIcons(int month) {
     MonthTable& table = Month(month);
-    if (!Write("SaveMonthIcons", MonthIconsFileName(month), MonthIconsText(table.icons),
-               table.partlyRead))
+    Records records(IconPlacesLayout());
+    for (const PlacedIcon& icon : table.icons)
+        records.Add(MonthIconFields(icon));
+    const SaveResult result = SaveDataFile(services_, "SaveMonthIcons", table.file, records);
+    if (result == SaveResult::Refused)
         return false;
+    if (result == SaveResult::Merged)
+        ReadMonth(month);
     if (changedMonth_ == month) {
         changedMonth_ = 0;
         flags_.MonthIconsChanged = templateChanged_;
@@ -238,9 +244,14 @@ bool modMonthIcons::SaveMonthIcons(int month) {
 }
 
 bool modMonthIcons::SaveTemplateIcons() {
-    if (!Write("SaveTemplateIcons", kTemplateFile, TemplateIconsText(Template()),
-               templatePartlyRead_))
+    Records records(IconPlacesLayout());
+    for (const TemplateIcon& icon : Template())
+        records.Add(TemplateIconFields(icon));
+    const SaveResult result = SaveDataFile(services_, "SaveTemplateIcons", templateFile_, records);
+    if (result == SaveResult::Refused)
         return false;
+    if (result == SaveResult::Merged)
+        ReadTemplate();
     templateChanged_ = false;
     flags_.MonthIconsChanged = changedMonth_ != 0;
     flags_.TemplateMode = false;

@@ -7,6 +7,9 @@
 #include <QStringList>
 #include <array>
 
+#include "shell/DataFile.h"
+#include "shell/Records.h"
+
 class Services;
 struct ChangeFlags;
 
@@ -33,10 +36,15 @@ struct TemplateIcon {
 // another month, an impossible date or a non-numeric field raises error 13 after the icons
 // before it.
 void ParseMonthIcons(int month, const QStringList& lines, QList<PlacedIcon>& icons);
+void ParseMonthIconLine(int month, const QString& line, QList<PlacedIcon>& icons);
 QString MonthIconsText(const QList<PlacedIcon>& icons);
 // "Template.dat": one line per icon, the day of the month ("dd", 1 to 31), ":" and the number.
 void ParseTemplateIcons(const QStringList& lines, QList<TemplateIcon>& icons);
+void ParseTemplateIconLine(const QString& line, QList<TemplateIcon>& icons);
 QString TemplateIconsText(const QList<TemplateIcon>& icons);
+// The layout of both: an icon a line, in placing order; no icons, no file (a month or the
+// template without icons leaves none behind).
+const RecordLayout& IconPlacesLayout();
 
 // The file of a month (1 to 12): "Jan_Icons.dat" ... "Dec_Icons.dat".
 QString MonthIconsFileName(int month);
@@ -89,21 +97,20 @@ signals:
 private:
     struct MonthTable {
         bool read = false;
-        bool partlyRead = false;
         QList<PlacedIcon> icons;
+        DataFile file;
     };
     MonthTable& Month(int month);
     void ReadMonth(int month);
     void ReadTemplate();
     void MonthChanged(int month);
     void TemplateChanged();
-    bool Write(const char* procedure, const QString& fileName, const QString& text, bool partly);
 
     Services& services_;
     ChangeFlags& flags_;
     std::array<MonthTable, 12> months_;
     bool templateRead_ = false;
-    bool templatePartlyRead_ = false;
+    DataFile templateFile_;
     bool templateChanged_ = false;
     QList<TemplateIcon> template_;
     int changedMonth_ = 0;

@@ -3,6 +3,7 @@
 #include "calendar/DateModel.h"
 #include "holidays_birthdays/HolidaysBirthdaysMessages.h"
 #include "shell/Files.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 #include "shell/VbError.h"
@@ -33,12 +34,28 @@ BirthdayRecord ParseBirthdayLine(const QString& line) {
     return record;
 }
 
-QString FormatBirthdayLine(const BirthdayRecord& record) {
+namespace {
+
+QStringList BirthdayFields(const BirthdayRecord& record) {
     const QString period = record.alertPeriod < 0 ? QString::number(record.alertPeriod)
                                                   : QStringLiteral("%1").arg(record.alertPeriod, 2,
                                                                              10, QLatin1Char('0'));
-    return record.birthday + QLatin1Char(':') + period + QLatin1Char(':') + record.name +
-           QLatin1Char(':') + record.birthYear;
+    return {record.birthday, period, OnOneLine(record.name), record.birthYear};
+}
+
+}  // namespace
+
+QString FormatBirthdayLine(const BirthdayRecord& record) {
+    return BirthdayFields(record).join(QLatin1Char(':'));
+}
+
+const RecordLayout& BirthdaysLayout() {
+    static const RecordLayout layout = [] {
+        RecordLayout birthdays;
+        birthdays.whenEmpty = RecordLayout::WhenEmpty::EmptyFile;
+        return birthdays;
+    }();
+    return layout;
 }
 
 bool IsBirthdayPending(const BirthdayRecord& record, const QDate& today) {
@@ -67,13 +84,10 @@ void BirthdayStore::ReadBirthdays() {
     pending.clear();
     // A read that stops, at a faulty line or before the first one, keeps the file from being
     // saved over.
-    partlyRead_ = !services_.Trap("ReadBirthdays", [&] {
-        QString path;
-        if (!FileExists(services_.AppFolder, kBirthdaysFile, &path))
-            return;
-        lines = textfile::ReadLines(path);
-        for (const QString& line : lines)
-            records.append(ParseBirthdayLine(line));
+    ReadDataFile(services_, "ReadBirthdays", file_, [&](QByteArrayView bytes, int) {
+        const QString line = LineText(bytes);
+        records.append(ParseBirthdayLine(line));
+        lines.append(line);
     });
     const QDate today = services_.clock.today();
     for (const BirthdayRecord& record : records)
@@ -83,23 +97,15 @@ void BirthdayStore::ReadBirthdays() {
     emit birthdaysRead();
 }
 
-bool BirthdayStore::SaveBirthdays(const QStringList& newLines, bool showMessage) {
-    if (services_.RefuseSaveAfterPartialRead(partlyRead_, kBirthdaysFile))
-        return false;
-    QStringList kept;
-    for (const QString& line : newLines)
-        if (!line.isEmpty())
-            kept.append(line);
-    if (const auto character = textfile::FirstUnstorableCharacter(kept.join(QString()))) {
-        services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*character), kWarningStyle);
-        return false;
-    }
-    return services_.Trap("SaveBirthdays", [&] {
-        const QString text = kept.isEmpty() ? QString() : textfile::JoinLines(kept) + "\r\n";
-        textfile::WriteAll(PathForWriting(services_.AppFolder, kBirthdaysFile), text);
-        if (showMessage)
-            services_.dialogs.MsgBox(kBirthdaysUpdatedMessage);
-    });
+bool BirthdayStore::SaveBirthdays(const QList<BirthdayRecord>& people, bool showMessage) {
+    Records records(BirthdaysLayout());
+    for (const BirthdayRecord& person : people)
+        records.Add(BirthdayFields(person));
+    const QString message = showMessage ? kBirthdaysUpdatedMessage : QString();
+    const SaveResult result = SaveDataFile(services_, "SaveBirthdays", file_, records, message);
+    if (result == SaveResult::Merged)
+        ReadBirthdays();
+    return result != SaveResult::Refused;
 }
 
 void BirthdayStore::ReadAndMarkBirthdays() {

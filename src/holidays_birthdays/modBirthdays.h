@@ -7,6 +7,8 @@
 
 #include "calendar/DayGrid.h"
 #include "calendar/YearPair.h"
+#include "shell/DataFile.h"
+#include "shell/Records.h"
 
 class DateModel;
 class Services;
@@ -33,6 +35,9 @@ struct BirthdayRecord {
 // A period that is not a number raises 13.
 BirthdayRecord ParseBirthdayLine(const QString& line);
 QString FormatBirthdayLine(const BirthdayRecord& record);
+// The layout of "Birthdays.dat": a person a line, the name never holding ":"; a save of nobody
+// leaves an empty file.
+const RecordLayout& BirthdaysLayout();
 
 // Whether the birthday is due within its alert period from today, both days included. When
 // the period runs past December 31, every birthday is taken in the next year: a January
@@ -59,10 +64,10 @@ public:
     // cells. A faulty line ends the reading; the list is then not saved until it reads whole.
     void ReadBirthdays();
     QString PendingText() const { return BirthdaysPendingText(pending.size()); }
-    // Rewrites the file with lines (an empty list leaves an empty file), then says "Birthdays
-    // Updated." when showMessage. Refused, with a message, after a read that stopped short or
-    // when a line holds a character the file cannot hold. Returns whether it was written.
-    bool SaveBirthdays(const QStringList& lines, bool showMessage);
+    // Saves the file with a line per record, in their order (nobody leaves an empty file),
+    // then says "Birthdays Updated." when showMessage; see SaveDataFile for when it is refused.
+    // Returns whether it was written.
+    bool SaveBirthdays(const QList<BirthdayRecord>& records, bool showMessage);
 
     // Marks every cell of the year whose day is a birthday (a day shown in two month sheets
     // in both).
@@ -82,5 +87,5 @@ private:
 
     Services& services_;
     const DateModel& dates_;
-    bool partlyRead_ = false;
+    DataFile file_{kBirthdaysFile};
 };

@@ -5,7 +5,7 @@
 
 #include "calendar/DateModel.h"
 #include "shell/Files.h"
-#include "shell/SafeSave.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 #include "shell/VbError.h"
@@ -29,6 +29,7 @@ HolidayLine SplitHolidayLine(const QString& line) {
 }
 
 void HolidayTable::Clear() {
+    file = DataFile();
     lines.clear();
     dates.clear();
     names.clear();
@@ -56,27 +57,29 @@ void HolidayStore::Assign(Year year, const char* procedure) {
     HolidayTable& table = years[year];
     table.Clear();
     const int yearNumber = dates_.YearOf(year);
-    services_.Trap(procedure, [&] {
-        const std::optional<QStringList> lines = ReadHolidayLines(services_.AppFolder, yearNumber);
-        if (!lines)
-            return;
-        table.lines = *lines;
-        for (const QString& line : table.lines) {
+    table.file.SetName(HolidayFileName(yearNumber));
+    // A faulty line ends the assignment: the holidays before it are listed, no cell is marked.
+    const bool whole =
+        ReadDataFile(services_, procedure, table.file, [&](QByteArrayView bytes, int) {
+            const QString line = LineText(bytes);
             const HolidayLine split = SplitHolidayLine(line);
+            table.lines.append(line);
             table.dates.append(split.date);
             table.names.append(split.name);
+        });
+    if (!whole) {
+        emit holidaysAssigned(yearNumber);
+        return;
+    }
+    const DateHolderGrid& holder = year == Year::This ? dates_.DateHolder : dates_.NextDateHolder;
+    for (const QString& date : table.dates) {
+        QString code;
+        if (const std::optional<CellIndex> cell = FindInHolder(holder, date)) {
+            table.flags[*cell] = true;
+            code = cell->Code();
         }
-        const DateHolderGrid& holder =
-            year == Year::This ? dates_.DateHolder : dates_.NextDateHolder;
-        for (const QString& date : table.dates) {
-            QString code;
-            if (const std::optional<CellIndex> cell = FindInHolder(holder, date)) {
-                table.flags[*cell] = true;
-                code = cell->Code();
-            }
-            table.cells.append(code);
-        }
-    });
+        table.cells.append(code);
+    }
     emit holidaysAssigned(yearNumber);
 }
 
@@ -102,33 +105,45 @@ std::optional<QStringList> ReadHolidayLines(const QString& appFolder, int year) 
     return textfile::ReadLines(path);
 }
 
-void SaveHolidayLines(Services& services, int year, const QStringList& lines) {
-    QStringList kept;
-    for (const QString& line : lines)
-        if (!line.isEmpty())
-            kept.append(line);
-    // Checked before anything on disk changes, so that a refused list leaves the file as it was.
-    const QByteArray bytes =
-        kept.isEmpty() ? QByteArray() : textfile::Encode(textfile::JoinLines(kept) + "\r\n");
-    QString path;
-    if (FileExists(services.AppFolder, HolidayFileName(year), &path)) {
-        if (kept.isEmpty()) {
-            if (!QFile::remove(path))
-                Raise(err::PermissionDenied);
-            return;
-        }
-    } else {
-        if (kept.isEmpty())
-            return;
-        QString folder;
-        if (!FolderExists(services.dialogs, services.AppFolder, kHolidaysFolder, &folder)) {
-            folder = services.PathOf(kHolidaysFolder);
-            if (!QDir().mkpath(folder))
-                Raise(err::PathNotFound);
-        }
-        path = QDir(folder).filePath(HolidayFileName(year).section(QLatin1Char('\\'), 1));
+const RecordLayout& HolidayLayout() {
+    static const RecordLayout layout = [] {
+        RecordLayout holidays;
+        holidays.key = RecordLayout::Key::LeadingFields;
+        holidays.keyFields = 1;
+        return holidays;
+    }();
+    return layout;
+}
+
+HolidayList ReadHolidayList(Services& services, const char* procedure, int year) {
+    HolidayList list;
+    list.file.SetName(HolidayFileName(year));
+    QStringList lines;
+    ReadDataFile(services, procedure, list.file, [&](QByteArrayView bytes, int) {
+        const QString line = LineText(bytes);
+        SplitHolidayLine(line);
+        lines.append(line);
+    });
+    if (list.file.Stamp().exists)
+        list.lines = lines;
+    return list;
+}
+
+bool SaveHolidayList(Services& services, const char* procedure, DataFile& file,
+                     const QStringList& lines) {
+    Records records(HolidayLayout());
+    for (const QString& line : lines) {
+        if (line.isEmpty())
+            continue;
+        // The date is the line's first eight characters, the description all after the ninth.
+        records.Add({line.left(kDateLength), OnOneLine(line.mid(kNameStart))});
     }
-    safesave::Replace(path, bytes);
+    return SaveDataFile(services, procedure, file, records) != SaveResult::Refused;
+}
+
+bool SaveHolidayLines(Services& services, int year, const QStringList& lines) {
+    HolidayList list = ReadHolidayList(services, "SaveHolidayFile", year);
+    return SaveHolidayList(services, "SaveHolidayFile", list.file, lines);
 }
 
 QString HolidayDateKey(const QDate& typed, int selectedYear) {

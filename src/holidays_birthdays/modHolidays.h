@@ -7,6 +7,8 @@
 
 #include "calendar/DayGrid.h"
 #include "calendar/YearPair.h"
+#include "shell/DataFile.h"
+#include "shell/Records.h"
 
 class DateModel;
 class Services;
@@ -35,6 +37,8 @@ struct HolidayTable {
     QStringList cells;
     // The cells that carry a holiday.
     DayGrid<bool> flags;
+    // The year's file as last read.
+    DataFile file;
 
     void Clear();
 };
@@ -67,14 +71,32 @@ private:
     const DateModel& dates_;
 };
 
+// The layout of a holiday file: "mm/dd/yy:" + description a line (the description may hold
+// colons), named by its date, with a line end after the last line; no holidays, no file.
+const RecordLayout& HolidayLayout();
+
 // The lines of a year's holiday file, or nullopt when the year has none. Raises when the file
 // cannot be read.
 std::optional<QStringList> ReadHolidayLines(const QString& appFolder, int year);
 
-// Replaces the year's file with lines (the Holidays folder is made when missing); with no
-// line the file is deleted and none is left. Raises when the file cannot be written, or when a
-// line holds a character the file cannot hold (the file is then left as it was).
-void SaveHolidayLines(Services& services, int year, const QStringList& lines);
+// A year's holiday list as the manager edits it.
+struct HolidayList {
+    // The lines read (each splits into its date and description), or nullopt without a file.
+    std::optional<QStringList> lines;
+    DataFile file;
+};
+// Reads a year's list. A line too short to be a holiday ends the list; the fault is reported
+// under procedure, naming the file and the line, and the file is not saved over until it is
+// read whole.
+HolidayList ReadHolidayList(Services& services, const char* procedure, int year);
+
+// Saves lines as the list of file, under procedure (with no line the file is deleted and none
+// is left; the Holidays folder is made when missing). Each description is kept on one line.
+// Returns whether it was written.
+bool SaveHolidayList(Services& services, const char* procedure, DataFile& file,
+                     const QStringList& lines);
+// The same for a list made from a fresh read of the year's file (an import).
+bool SaveHolidayLines(Services& services, int year, const QStringList& lines);
 
 // The key a typed date is listed under in selectedYear's list: its month and day, and the
 // selected year's two digits, whatever year was typed ("mm/dd/yy").

@@ -402,9 +402,7 @@ bool ApplyImport(ImportStores stores, const ImportPlan& plan) {
         if (!dates.isEmpty())
             all &= stores.notes.PutNotes(year, dates, notes);
         if (plan.holidayLines.contains(year)) {
-            all &= stores.services.Trap("SaveHolidayFile", [&] {
-                SaveHolidayLines(stores.services, year, plan.holidayLines[year]);
-            });
+            all &= SaveHolidayLines(stores.services, year, plan.holidayLines[year]);
             if (year == stores.dates.YearOf(Year::This))
                 stores.holidays.AssignThisYearsHolidays();
             else if (year == stores.dates.YearOf(Year::Next))

@@ -1,18 +1,13 @@
 #include "notes_planner/DatedFile.h"
 
-#include <sys/stat.h>
-
 #include <QDir>
-#include <QFile>
 #include <QSet>
 #include <algorithm>
-#include <cerrno>
-#include <functional>
 
 #include "shell/DateFormats.h"
 #include "shell/Files.h"
 #include "shell/FixedWidth.h"
-#include "shell/SafeSave.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 #include "shell/VbError.h"
@@ -25,19 +20,6 @@ constexpr qsizetype kPayloadStart = kDatedPayloadStart;
 
 int TwoDigits(QByteArrayView code, qsizetype at) {
     return (code[at] - '0') * 10 + (code[at + 1] - '0');
-}
-
-// Each line of a file's bytes with the line end that follows it, as read.
-QList<QByteArrayView> LinesWithEnds(const QByteArray& bytes) {
-    QList<qsizetype> starts;
-    textfile::ForEachLine(
-        bytes, [&](QByteArrayView line) { starts.append(line.data() - bytes.constData()); });
-    QList<QByteArrayView> lines;
-    for (qsizetype i = 0; i < starts.size(); ++i) {
-        const qsizetype end = i + 1 < starts.size() ? starts[i + 1] : bytes.size();
-        lines.append(QByteArrayView(bytes).sliced(starts[i], end - starts[i]));
-    }
-    return lines;
 }
 
 }  // namespace
@@ -62,6 +44,7 @@ void DatedEntries::Clear() {
     payloads.clear();
     fileBytes.clear();
     exists.Fill(false);
+    file = DataFile();
 }
 
 int DatedLineFault(QByteArrayView line) {
@@ -110,32 +93,32 @@ QString YearFileName(int year, const QString& fileName) {
     return YearFolderName(year) + QLatin1Char('\\') + fileName;
 }
 
+RecordLayout DatedLayout(bool lineBreaks) {
+    RecordLayout layout;
+    layout.key = RecordLayout::Key::LeadingFields;
+    layout.keyFields = 1;
+    layout.encodesLineBreaks = lineBreaks;
+    return layout;
+}
+
 void ReadDatedFile(const QString& appFolder, int year, const QString& fileName,
                    DatedEntries& entries) {
     entries.Clear();
-    QString path;
-    if (!FileExists(appFolder, YearFileName(year, fileName), &path))
-        return;
-    entries.fileBytes = textfile::ReadBytes(path);
-    textfile::ForEachLine(entries.fileBytes, [&](QByteArrayView line) {
-        DatedLine parsed = ParseDatedLine(line);
-        entries.exists[parsed.cell] = true;
-        entries.dateKeys.append(std::move(parsed.dateKey));
-        entries.cellCodes.append(std::move(parsed.cellCode));
-        entries.payloads.append(std::move(parsed.payload));
-    });
-}
-
-void WriteDatedLines(Services& services, int year, const QString& fileName,
-                     const QByteArray& content) {
-    const QString folder = YearFolderName(year);
-    QString realFolder;
-    if (!FolderExists(services.dialogs, services.AppFolder, folder, &realFolder)) {
-        realFolder = services.PathOf(folder) + QLatin1Char('/');
-        if (::mkdir(QFile::encodeName(realFolder).constData(), 0777) != 0)
-            safesave::RaiseSystemError(errno);
+    entries.file.SetName(YearFileName(year, fileName));
+    // The entries are views into the bytes read, which fileBytes keeps, faulty line or not.
+    try {
+        ReadLinesOf(appFolder, entries.file, [&](QByteArrayView line, int) {
+            DatedLine parsed = ParseDatedLine(line);
+            entries.exists[parsed.cell] = true;
+            entries.dateKeys.append(std::move(parsed.dateKey));
+            entries.cellCodes.append(std::move(parsed.cellCode));
+            entries.payloads.append(std::move(parsed.payload));
+        });
+    } catch (const VbError&) {
+        entries.fileBytes = entries.file.SeenBytes();
+        throw;
     }
-    safesave::Replace(PathForWriting(realFolder, fileName), content);
+    entries.fileBytes = entries.file.SeenBytes();
 }
 
 QList<int> YearsWithFolders(const QString& appFolder) {
@@ -171,45 +154,37 @@ QList<QDate> DatesInFile(const QString& appFolder, int year, const QString& file
 
 namespace {
 
-// Reads a year's file afresh, lets rewrite make its new content from the lines read (each with
-// its line end), and writes that content when it differs. A file that cannot be read whole is
-// left as it is, and its next save is refused, so the lines it could not read are never lost.
-bool RewriteDatedFile(
-    Services& services, const char* procedure, int year, const QString& fileName,
-    const std::function<QByteArray(const DatedEntries&, const QList<QByteArrayView>&)>& rewrite) {
-    bool readWhole = true;
-    const bool done = services.Trap(procedure, [&] {
-        DatedEntries entries;
-        try {
-            ReadDatedFile(services.AppFolder, year, fileName, entries);
-        } catch (const VbError&) {
-            readWhole = false;
-            throw;
-        }
-        const QByteArray content = rewrite(entries, LinesWithEnds(entries.fileBytes));
-        if (content != entries.fileBytes)
-            WriteDatedLines(services, year, fileName, content);
-    });
-    if (!readWhole)
-        services.RefuseSaveAfterPartialRead(true, YearFileName(year, fileName));
-    return done;
+// Reads a year's file afresh and saves what rewrite makes of its entries. A file that cannot be
+// read whole is reported under procedure and then refused as every save refuses it.
+template <class Rewrite>
+bool RewriteDatedFile(Services& services, const char* procedure, int year, const QString& fileName,
+                      Rewrite&& rewrite) {
+    DatedEntries entries;
+    services.Trap(procedure, [&] { ReadDatedFile(services.AppFolder, year, fileName, entries); });
+    const std::optional<Records> records = rewrite(entries);
+    if (!records)
+        return true;
+    return SaveDataFile(services, procedure, entries.file, *records) != SaveResult::Refused;
 }
 
 }  // namespace
 
 bool DeleteDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
-                      const QList<QDate>& dates) {
+                      const RecordLayout& layout, const QList<QDate>& dates) {
     QSet<QString> keys;
     for (const QDate& date : dates)
         keys.insert(datefmt::MmDdYy(date));
     return RewriteDatedFile(services, procedure, year, fileName,
-                            [&](const DatedEntries& entries, const QList<QByteArrayView>& lines) {
-                                QByteArray kept;
-                                kept.reserve(entries.fileBytes.size());
-                                for (qsizetype i = 0; i < lines.size(); ++i)
-                                    if (!keys.contains(entries.dateKeys[i]))
-                                        kept += lines[i];
-                                return kept;
+                            [&](const DatedEntries& entries) -> std::optional<Records> {
+                                const auto kept = [&](qsizetype i) {
+                                    return !keys.contains(entries.dateKeys[i]);
+                                };
+                                bool found = false;
+                                for (qsizetype i = 0; i < entries.Count() && !found; ++i)
+                                    found = !kept(i);
+                                if (!found && !entries.file.PartlyRead())
+                                    return std::nullopt;
+                                return DatedRecords(layout, entries, kept);
                             });
 }
 
@@ -219,29 +194,33 @@ CellIndex CellOfDate(const QDate& date) {
 }
 
 bool PutDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
-                   const QList<QDate>& dates, const QList<QByteArray>& payloads) {
+                   const RecordLayout& layout, const QList<QDate>& dates,
+                   const QStringList& texts) {
     return RewriteDatedFile(
         services, procedure, year, fileName,
-        [&](const DatedEntries& entries, const QList<QByteArrayView>& lines) {
-            QList<QByteArray> newLines(lines.size());
-            QByteArray added;
+        [&](const DatedEntries& entries) -> std::optional<Records> {
+            QList<qsizetype> put(entries.Count(), -1);
+            QList<qsizetype> added;
             for (qsizetype d = 0; d < dates.size(); ++d) {
-                const QString key = datefmt::MmDdYy(dates[d]);
-                QByteArray line = FormatDatedLine(key, CellOfDate(dates[d]).Code(), payloads[d]);
-                const qsizetype at = entries.IndexOf(key);
+                const qsizetype at = entries.IndexOf(datefmt::MmDdYy(dates[d]));
                 if (at < 0)
-                    added += line + "\r\n";
+                    added.append(d);
                 else
-                    newLines[at] = line + "\r\n";
+                    put[at] = d;
             }
-            QByteArray content;
-            content.reserve(entries.fileBytes.size() + added.size());
-            for (qsizetype i = 0; i < lines.size(); ++i)
-                content += newLines[i].isNull() ? lines[i].toByteArray() : newLines[i];
-            // A last line without its line end gets one before the new lines follow it.
-            if (!added.isEmpty() && !content.isEmpty() && !content.endsWith('\n') &&
-                !content.endsWith('\r'))
-                content += "\r\n";
-            return content + added;
+            Records records(layout);
+            const auto addPut = [&](qsizetype d) {
+                records.Add({datefmt::MmDdYy(dates[d]), CellOfDate(dates[d]).Code(), texts[d]});
+            };
+            for (qsizetype i = 0; i < entries.Count(); ++i) {
+                if (put[i] >= 0)
+                    addPut(put[i]);
+                else
+                    records.AddLine(FormatDatedLine(entries.dateKeys[i], entries.cellCodes[i],
+                                                    entries.payloads[i]));
+            }
+            for (const qsizetype d : added)
+                addPut(d);
+            return records;
         });
 }

@@ -7,6 +7,8 @@
 #include <QStringView>
 
 #include "calendar/DayGrid.h"
+#include "shell/DataFile.h"
+#include "shell/Records.h"
 
 class Services;
 
@@ -25,6 +27,8 @@ struct DatedEntries {
     QByteArray fileBytes;
     // Whether a cell's day has an entry, set from the cell codes read.
     DayGrid<bool> exists;
+    // The file the entries were read from, as last read or saved.
+    DataFile file;
 
     qsizetype Count() const { return dateKeys.size(); }
     // The entry of dateKey, or -1.
@@ -59,32 +63,27 @@ QByteArray FormatDatedLine(const QString& dateKey, const QString& cellCode, QByt
 QString YearFolderName(int year);
 QString YearFileName(int year, const QString& fileName);
 
+// The layout of both files: a line per date, "mm/dd/yy" + ":" + cell code + ":" + payload,
+// named by its date. A note keeps its line breaks as the characters 213 and 210
+// (lineBreaks); a planner record is one line of fixed fields.
+RecordLayout DatedLayout(bool lineBreaks);
+
 // Replaces entries with the lines of the year's file. A missing folder or file is an empty
-// year. A faulty line raises its error; the lines before it are kept.
+// year. A faulty line raises its error, naming the file and the line; the lines before it are
+// kept, and entries.file counts as read in part.
 void ReadDatedFile(const QString& appFolder, int year, const QString& fileName,
                    DatedEntries& entries);
 
-// Replaces the year's file with content, creating the year folder when it is missing. The old
-// file stays whole until the new one is complete.
-void WriteDatedLines(Services& services, int year, const QString& fileName,
-                     const QByteArray& content);
-
-// Rewrites the year's file with every entry that keep() accepts, one line each, in list order.
+// The lines of entries that keep(i) accepts, in list order, each as the file holds it.
 template <class Keep>
-void WriteDatedFile(Services& services, int year, const QString& fileName,
-                    const DatedEntries& entries, Keep&& keep) {
-    QByteArray content;
-    qsizetype size = 0;
-    for (const QByteArray& payload : entries.payloads)
-        size += payload.size() + 19;
-    content.reserve(size);
+Records DatedRecords(const RecordLayout& layout, const DatedEntries& entries, Keep&& keep) {
+    Records records(layout);
     for (qsizetype i = 0; i < entries.Count(); ++i) {
-        if (!keep(i))
-            continue;
-        content += FormatDatedLine(entries.dateKeys[i], entries.cellCodes[i], entries.payloads[i]);
-        content += "\r\n";
+        if (keep(i))
+            records.AddLine(
+                FormatDatedLine(entries.dateKeys[i], entries.cellCodes[i], entries.payloads[i]));
     }
-    WriteDatedLines(services, year, fileName, content);
+    return records;
 }
 
 // The years that have a year folder ("yyyy", any four digits) in the data folder, in order.
@@ -97,23 +96,20 @@ QList<int> YearsWithFolders(const QString& appFolder);
 QList<QDate> DatesInFile(const QString& appFolder, int year, const QString& fileName,
                          int month = 0);
 
-// Removes the lines of dates (dates of year) from the year's file. The file is read fresh, and
-// every other line is written back exactly as it was, its line end included, through the same
-// crash-safe replacement as a save; a file without any of the dates is not written. A file
-// that cannot be read whole is never written: its faulty line is reported under procedure
-// (and so named in Error.log), then the change is refused as a save after a partial read is.
-// A failed write is reported under procedure. Returns whether the file now holds none of
-// those dates' lines.
+// Removes the lines of dates (dates of year) from the year's file, read fresh, every other
+// line staying as it was; a file without any of the dates is not written. The change is saved
+// as every save is (a file that cannot be read whole is refused, its faulty line reported
+// under procedure). Returns whether the file now holds none of those dates' lines.
 bool DeleteDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
-                      const QList<QDate>& dates);
+                      const RecordLayout& layout, const QList<QDate>& dates);
 
 // The day cell of any date in its year's month sheets, as the date holders lay it out.
 CellIndex CellOfDate(const QDate& date);
 
-// Gives each of dates (dates of year) the payload beside it in the year's file: a date's line
-// is replaced in its place, a new date's line added at the end, every other line written back
-// exactly as it was. The file is read fresh and written once; a file that cannot be read whole
-// is never written (reported under procedure, then refused as a save after a partial read is).
-// Returns whether the file now holds the payloads.
+// Gives each of dates (dates of year) the payload text beside it (a note, or a planner record)
+// in the year's file, read fresh: a date's line is replaced in its place, a new date's line
+// added at the end, every other line staying as it was. The change is saved as every save is,
+// once: a text the file cannot hold, or a file that cannot be read whole, refuses all of it.
+// Returns whether the file now holds the texts.
 bool PutDatedLines(Services& services, const char* procedure, int year, const QString& fileName,
-                   const QList<QDate>& dates, const QList<QByteArray>& payloads);
+                   const RecordLayout& layout, const QList<QDate>& dates, const QStringList& texts);

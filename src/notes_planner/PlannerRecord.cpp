@@ -3,6 +3,7 @@
 #include <QTime>
 
 #include "shell/DateFormats.h"
+#include "shell/Records.h"
 
 namespace {
 
@@ -77,16 +78,16 @@ QString SlotTag(int slot, LineKind kind) {
 }
 
 QString BuildPlannerRecord(const PlannerPage& page) {
+    // Every field is kept on one line, which the record is in the file.
     QString record(kPlannerRecordLength, QLatin1Char(' '));
     const auto& fields = SlotFields();
     for (int line = 0; line < kAppointmentLines; ++line) {
-        const QString time = page.bold[line]
-                                 ? QLatin1Char('B') + page.times[line] + QLatin1Char(' ')
-                                 : page.times[line] + QStringLiteral("  ");
-        TimeField(line).Write(record, time);
+        const QString time = OnOneLine(page.times[line]);
+        TimeField(line).Write(record, page.bold[line] ? QLatin1Char('B') + time + QLatin1Char(' ')
+                                                      : time + QStringLiteral("  "));
     }
     for (int slot = 0; slot < kPlannerSlots; ++slot)
-        fields[slot].Write(record, page.slotTexts[slot]);
+        fields[slot].Write(record, OnOneLine(page.slotTexts[slot]));
     for (int item = 0; item < kPlannerToDoItems; ++item)
         record[kDoneMarksAt + item] = QChar(page.done[item] ? kDoneMark : kNotDoneMark);
     return record;

@@ -3,26 +3,13 @@
 #include "calendar/DateModel.h"
 #include "shell/DateFormats.h"
 #include "shell/FixedWidth.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
-namespace {
-
-constexpr QChar kEncodedCr(char16_t(213));
-constexpr QChar kEncodedLf(char16_t(210));
-
-}  // namespace
-
-QString EncodeLineBreaks(QString text) {
-    text.replace(QLatin1Char('\r'), kEncodedCr);
-    text.replace(QLatin1Char('\n'), kEncodedLf);
-    return text;
-}
-
-QString DecodeLineBreaks(QString text) {
-    text.replace(kEncodedCr, QLatin1Char('\r'));
-    text.replace(kEncodedLf, QLatin1Char('\n'));
-    return text;
+const RecordLayout& NotesLayout() {
+    static const RecordLayout layout = DatedLayout(true);
+    return layout;
 }
 
 QString NotesCaption(const QDate& date) {
@@ -57,7 +44,7 @@ bool NotesStore::SaveNextYearsNotes(const QDate& date, const QString& text) {
 
 void NotesStore::ReadYear(Year year, const char* procedure) {
     DatedEntries& entries = years[year];
-    partlyRead[year] = !services_.Trap(procedure, [&] {
+    services_.Trap(procedure, [&] {
         ReadDatedFile(services_.AppFolder, dates_.YearOf(year), kNotesFile, entries);
     });
     emit notesRead(dates_.YearOf(year));
@@ -65,31 +52,38 @@ void NotesStore::ReadYear(Year year, const char* procedure) {
 
 bool NotesStore::SaveYear(Year year, const char* procedure, const QDate& date,
                           const QString& text) {
-    if (const auto bad = textfile::FirstUnstorableCharacter(text)) {
-        services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
+    const QString dateKey = datefmt::MmDdYy(date);
+    std::optional<CellIndex> cell;
+    if (!services_.Trap(procedure, [&] {
+            cell = FindInHolder(year == Year::Next ? dates_.NextDateHolder : dates_.DateHolder,
+                                dateKey);
+            if (!cell)
+                Raise(err::SubscriptOutOfRange);
+        }))
         return false;
+    // Every other note as the file holds it, this one in its place (or added at the end).
+    DatedEntries& entries = years[year];
+    entries.file.UseName(YearFileName(dates_.YearOf(year), kNotesFile));
+    const bool keep = !IsBlank(text);
+    Records records(NotesLayout());
+    bool placed = false;
+    for (qsizetype i = 0; i < entries.Count(); ++i) {
+        if (entries.dateKeys[i] == dateKey) {
+            if (keep && !placed)
+                records.Add({dateKey, cell->Code(), text});
+            placed = true;
+        } else if (!IsBlank(entries.payloads[i])) {
+            records.AddLine(
+                FormatDatedLine(entries.dateKeys[i], entries.cellCodes[i], entries.payloads[i]));
+        }
     }
-    const int yearNumber = dates_.YearOf(year);
-    if (services_.RefuseSaveAfterPartialRead(partlyRead[year],
-                                             YearFileName(yearNumber, kNotesFile)))
+    if (keep && !placed)
+        records.Add({dateKey, cell->Code(), text});
+    if (SaveDataFile(services_, procedure, entries.file, records, kNotesSavedMessage) ==
+        SaveResult::Refused)
         return false;
-    return services_.Trap(procedure, [&] {
-        const QString dateKey = datefmt::MmDdYy(date);
-        const DateHolderGrid& holder =
-            year == Year::Next ? dates_.NextDateHolder : dates_.DateHolder;
-        const auto cell = FindInHolder(holder, dateKey);
-        if (!cell)
-            Raise(err::SubscriptOutOfRange);
-        DatedEntries& entries = years[year];
-        qsizetype index = entries.IndexOf(dateKey);
-        if (index < 0)
-            index = entries.Append(dateKey);
-        entries.cellCodes[index] = cell->Code();
-        entries.payloads[index] = textfile::Encode(EncodeLineBreaks(text));
-        WriteDatedFile(services_, yearNumber, kNotesFile, entries,
-                       [&](qsizetype i) { return !IsBlank(entries.payloads[i]); });
-        services_.dialogs.MsgBox(kNotesSavedMessage);
-    });
+    ReadYear(year, procedure);
+    return true;
 }
 
 void NotesStore::RereadYear(int year) {
@@ -100,22 +94,14 @@ void NotesStore::RereadYear(int year) {
 }
 
 bool NotesStore::DeleteNotes(int year, const QList<QDate>& dates) {
-    if (!DeleteDatedLines(services_, "DeleteNotes", year, kNotesFile, dates))
+    if (!DeleteDatedLines(services_, "DeleteNotes", year, kNotesFile, NotesLayout(), dates))
         return false;
     RereadYear(year);
     return true;
 }
 
 bool NotesStore::PutNotes(int year, const QList<QDate>& dates, const QStringList& texts) {
-    QList<QByteArray> payloads;
-    for (const QString& text : texts) {
-        if (const auto bad = textfile::FirstUnstorableCharacter(text)) {
-            services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
-            return false;
-        }
-        payloads << textfile::Encode(EncodeLineBreaks(text));
-    }
-    if (!PutDatedLines(services_, "PutNotes", year, kNotesFile, dates, payloads))
+    if (!PutDatedLines(services_, "PutNotes", year, kNotesFile, NotesLayout(), dates, texts))
         return false;
     RereadYear(year);
     return true;

@@ -13,10 +13,9 @@ class Services;
 inline const QString kNotesFile = QStringLiteral("Notes.dat");
 inline const QString kNotesSavedMessage = QStringLiteral("Notes Saved");
 
-// A note keeps its line breaks on one file line: every CR is written as character 213 and
-// every LF as character 210. Notes stay encoded in memory and are decoded only to be shown.
-QString EncodeLineBreaks(QString text);
-QString DecodeLineBreaks(QString text);
+// The layout of "Notes.dat": a line per date, the note keeping its line breaks as the
+// characters 213 and 210 (notes stay so encoded in memory and are decoded only to be shown).
+const RecordLayout& NotesLayout();
 
 // "Notes for March 7, 2026": the caption of a date's notes.
 QString NotesCaption(const QDate& date);
@@ -43,10 +42,10 @@ public:
     void ReadNextYearsNotes();
     void ReadBothYears() override;
 
-    // Take text as the note of date (a date of this year, or of next year) and rewrite the
-    // year's file with every note that is not blank, then say "Notes Saved". Returns false
-    // when nothing was saved: the text holds a character the file cannot hold, the year was
-    // read only in part, or the write failed.
+    // Take text as the note of date (a date of this year, or of next year) and save the year's
+    // file with every note that is not blank, then say "Notes Saved"; the year is then read
+    // again. Returns false when nothing was saved (the save was refused or failed: see
+    // SaveDataFile).
     bool SaveThisYearsNotes(const QDate& date, const QString& text);
     bool SaveNextYearsNotes(const QDate& date, const QString& text);
 

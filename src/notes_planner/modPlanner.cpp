@@ -2,6 +2,7 @@
 
 #include "calendar/DateModel.h"
 #include "shell/DateFormats.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
@@ -47,10 +48,15 @@ void PlannerStore::ReadBothYears() {
     ReadNextYearsPlanner();
 }
 
+const RecordLayout& PlannerLayout() {
+    static const RecordLayout layout = DatedLayout(false);
+    return layout;
+}
+
 void PlannerStore::ReadYear(Year year, const char* procedure) {
     DatedEntries& entries = years[year];
     openIndex[year] = -1;
-    partlyRead[year] = !services_.Trap(procedure, [&] {
+    services_.Trap(procedure, [&] {
         ReadDatedFile(services_.AppFolder, dates_.YearOf(year), kPlannerFile, entries);
     });
     // The figures of what was read, a faulty line's predecessors included.
@@ -107,8 +113,9 @@ bool PlannerStore::SavePlannerRecord2(const QDate& date, const PlannerPage& page
 bool PlannerStore::StoreRecord(Year year, const char* procedure, const QDate& date,
                                const PlannerPage& page) {
     const QString record = BuildPlannerRecord(page);
-    if (const auto bad = textfile::FirstUnstorableCharacter(record)) {
-        services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
+    // Checked before the page goes into the year, which then holds only what can be saved.
+    if (const auto problem = FieldProblem(PlannerLayout(), record, true)) {
+        services_.dialogs.MsgBox(*problem, kWarningStyle);
         return false;
     }
     bool stored = false;
@@ -145,23 +152,29 @@ bool PlannerStore::SaveNextYearsPlannerFile() {
 }
 
 bool PlannerStore::SaveYear(Year year, const char* procedure, const QString& message) {
-    const int yearNumber = dates_.YearOf(year);
-    if (services_.RefuseSaveAfterPartialRead(partlyRead[year],
-                                             YearFileName(yearNumber, kPlannerFile)))
+    DatedEntries& entries = years[year];
+    entries.file.UseName(YearFileName(dates_.YearOf(year), kPlannerFile));
+    if (year == Year::This && entries.Count() > kMaxPlannerPages) {
+        services_.dialogs.MsgBox(kBadPlannerCountMessage);
         return false;
-    bool saved = false;
-    services_.Trap(procedure, [&] {
-        const DatedEntries& entries = years[year];
-        if (year == Year::This && entries.Count() > kMaxPlannerPages) {
-            services_.dialogs.MsgBox(kBadPlannerCountMessage);
-            return;
-        }
-        WriteDatedFile(services_, yearNumber, kPlannerFile, entries,
-                       [&](qsizetype i) { return !IsBlankRecord(entries.payloads[i]); });
-        services_.dialogs.MsgBox(message);
-        saved = true;
-    });
-    return saved;
+    }
+    const Records records = DatedRecords(
+        PlannerLayout(), entries, [&](qsizetype i) { return !IsBlankRecord(entries.payloads[i]); });
+    switch (SaveDataFile(services_, procedure, entries.file, records, message)) {
+        case SaveResult::Saved:
+            return true;
+        case SaveResult::Merged:
+            // The other program's pages join the year in memory.
+            ReadYear(year, procedure);
+            return true;
+        case SaveResult::Refused:
+            break;
+    }
+    // The year in memory goes back to the file, so that a page that was not saved is not
+    // written later with another one; the window keeps showing it.
+    if (!entries.file.PartlyRead())
+        ReadYear(year, procedure);
+    return false;
 }
 
 void PlannerStore::RereadYear(int year) {
@@ -172,7 +185,7 @@ void PlannerStore::RereadYear(int year) {
 }
 
 bool PlannerStore::DeletePlanners(int year, const QList<QDate>& dates) {
-    if (!DeleteDatedLines(services_, "DeletePlanners", year, kPlannerFile, dates))
+    if (!DeleteDatedLines(services_, "DeletePlanners", year, kPlannerFile, PlannerLayout(), dates))
         return false;
     RereadYear(year);
     return true;
@@ -180,16 +193,11 @@ bool PlannerStore::DeletePlanners(int year, const QList<QDate>& dates) {
 
 bool PlannerStore::PutPlanners(int year, const QList<QDate>& dates,
                                const QList<PlannerPage>& pages) {
-    QList<QByteArray> records;
-    for (const PlannerPage& page : pages) {
-        const QString record = BuildPlannerRecord(page);
-        if (const auto bad = textfile::FirstUnstorableCharacter(record)) {
-            services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
-            return false;
-        }
-        records << textfile::Encode(record);
-    }
-    if (!PutDatedLines(services_, "PutPlanners", year, kPlannerFile, dates, records))
+    QStringList records;
+    for (const PlannerPage& page : pages)
+        records << BuildPlannerRecord(page);
+    if (!PutDatedLines(services_, "PutPlanners", year, kPlannerFile, PlannerLayout(), dates,
+                       records))
         return false;
     RereadYear(year);
     return true;

@@ -22,6 +22,10 @@ inline const QString kBadPlannerCountMessage = QStringLiteral("Bad Planner Count
 // A year holds at most one page per day of a leap year.
 constexpr qsizetype kMaxPlannerPages = 366;
 
+// The layout of "Planner.dat": a line per date, "mm/dd/yy:" + cell code + ":" + the page's
+// record of fixed fields.
+const RecordLayout& PlannerLayout();
+
 // The expense and mileage figures of one page of the year on show, as the reports read them:
 // each field's characters as the record holds them.
 struct PlannerExtract {
@@ -81,9 +85,10 @@ public:
     bool SavePlannerRecord(const QDate& date, const PlannerPage& page);
     bool SavePlannerRecord2(const QDate& date, const PlannerPage& page);
 
-    // Rewrite the year's file with every page that is not blank, then say "Planner Records
-    // Updated" (this year) or "Planner Saved" (next year). This year's file is not written
-    // while its list holds more than 366 entries. Returns whether the file was written.
+    // Save the year's file with every page that is not blank (see SaveDataFile), then say
+    // "Planner Records Updated" (this year) or "Planner Saved" (next year). This year's file
+    // is not written while its list holds more than 366 entries. A save that is refused puts
+    // the year in memory back to its file. Returns whether the file was written.
     bool SaveThisYearsPlannerFile();
     bool SaveNextYearsPlannerFile();
 

@@ -1,12 +1,9 @@
 #include "reminders/modAlerts.h"
 
-#include <QFile>
-#include <cerrno>
-
 #include "reminders/RemindersMessages.h"
 #include "shell/Files.h"
 #include "shell/FixedWidth.h"
-#include "shell/SafeSave.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
@@ -58,11 +55,15 @@ AlertLine ParseAlertLine(QStringView line) {
     return alert;
 }
 
-QString MakeAlertLine(const QDate& date, int period, QString message) {
-    message.replace(QLatin1Char('\r'), QLatin1Char(' '));
-    message.replace(QLatin1Char('\n'), QLatin1Char(' '));
+QString MakeAlertLine(const QDate& date, int period, const QString& message) {
     return SerialText(date) + QLatin1Char(':') +
-           QStringLiteral("%1").arg(period, 4, 10, QLatin1Char('0')) + QLatin1Char(':') + message;
+           QStringLiteral("%1").arg(period, 4, 10, QLatin1Char('0')) + QLatin1Char(':') +
+           OnOneLine(message);
+}
+
+const RecordLayout& AlertsLayout() {
+    static const RecordLayout layout;
+    return layout;
 }
 
 bool IsPendingOn(const QDate& date, int period, const QDate& today) {
@@ -99,54 +100,38 @@ void AlertsStore::Clear() {
 
 void AlertsStore::ReadAlerts() {
     Clear();
-    partlyRead_ = false;
     // Today as a day number: the time of day does not count.
     const QDate today = services_.clock.today();
-    QString path;
-    fileFound_ = FileExists(services_.AppFolder, kAlertsFile, &path);
-    if (fileFound_) {
-        partlyRead_ = !services_.Trap("ReadAlerts", [&] {
-            for (const QString& line : textfile::ReadLines(path)) {
-                const AlertLine alert = ParseAlertLine(line);
-                alertLines.append(line);
-                alertDates.append(alert.date);
-                alertPeriods.append(alert.period);
-                alertMessages.append(alert.message);
-            }
-        });
-        for (int i = 0; i < AlertCount(); ++i)
-            if (IsPendingOn(alertDates[i], alertPeriods[i], today))
-                pendingAlerts.append(i);
-    }
+    ReadDataFile(services_, "ReadAlerts", file_, [&](QByteArrayView bytes, int) {
+        const QString line = LineText(bytes);
+        const AlertLine alert = ParseAlertLine(line);
+        alertLines.append(line);
+        alertDates.append(alert.date);
+        alertPeriods.append(alert.period);
+        alertMessages.append(alert.message);
+    });
+    fileFound_ = file_.Stamp().exists || file_.PartlyRead();
+    for (int i = 0; i < AlertCount(); ++i)
+        if (IsPendingOn(alertDates[i], alertPeriods[i], today))
+            pendingAlerts.append(i);
     emit alertsRead(fileFound_);
 }
 
 bool AlertsStore::SaveAlerts(const QStringList& lines) {
-    if (services_.RefuseSaveAfterPartialRead(partlyRead_, kAlertsFile))
-        return false;
+    Records records(AlertsLayout());
     for (const QString& line : lines) {
-        if (const auto bad = textfile::FirstUnstorableCharacter(line)) {
-            services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
-            return false;
-        }
-    }
-    QString text;
-    for (const QString& line : lines)
+        // The day number and the period are the line's first fields; the message is all
+        // after them, colons included.
         if (!line.isEmpty())
-            text += line + kCrLf;
-    return services_.Trap("SaveAlerts", [&] {
-        if (text.isEmpty()) {
-            // No alerts leave no file: every spelling of it goes.
-            for (const QString& existing : FilesSpelledLike(services_.AppFolder, kAlertsFile)) {
-                QFile file(existing);
-                errno = 0;
-                if (!file.remove())
-                    safesave::RaiseFileError(file, errno);
-            }
-            return;
-        }
-        safesave::Replace(PathForWriting(services_.AppFolder, kAlertsFile), textfile::Encode(text));
-        AlertListChanged = false;
-        services_.dialogs.MsgBox(kAlertListUpdated);
-    });
+            records.Add({kDateField.Raw(line), kPeriodField.Raw(line),
+                         OnOneLine(QStringView(line).mid(kMessageStart))});
+    }
+    const QString message = records.IsEmpty() ? QString() : kAlertListUpdated;
+    const SaveResult result = SaveDataFile(services_, "SaveAlerts", file_, records, message);
+    if (result == SaveResult::Refused)
+        return false;
+    AlertListChanged = false;
+    if (result == SaveResult::Merged)
+        ReadAlerts();
+    return true;
 }

@@ -7,6 +7,9 @@
 #include <QStringList>
 #include <optional>
 
+#include "shell/DataFile.h"
+#include "shell/Records.h"
+
 class Services;
 
 inline const QString kAlertsFile = QStringLiteral("Alerts.dat");
@@ -37,9 +40,12 @@ struct AlertLine {
 // Reads a line of the file; a line shorter than eleven characters, or with anything but
 // digits where the date and the period stand, raises a type mismatch (error 13).
 AlertLine ParseAlertLine(QStringView line);
-// The line of an alert: the period padded with zeros to four digits ("7" is "0007"). A line
-// break in the message becomes a blank, since it would end the line in the file.
-QString MakeAlertLine(const QDate& date, int period, QString message);
+// The line of an alert: the period padded with zeros to four digits ("7" is "0007"). The
+// message is kept on one line.
+QString MakeAlertLine(const QDate& date, int period, const QString& message);
+// The layout of "Alerts.dat": day number, period and message (which may hold ":"); no alerts,
+// no file.
+const RecordLayout& AlertsLayout();
 // An alert counts as pending from period days before its date up to its date itself, both
 // ends included, and never after it.
 bool IsPendingOn(const QDate& date, int period, const QDate& today);
@@ -91,10 +97,9 @@ public:
     // alerts. A malformed line ends the read (the fault is logged): the alerts before it stay,
     // and the file is not saved over until it has been read whole.
     void ReadAlerts();
-    // Writes lines (the manager's raw list) to the file in their order, every one that is not
+    // Saves lines (the manager's raw list) to the file in their order, every one that is not
     // empty, and says "Alert List Updated.". No lines delete the file, without a word.
-    // Returns false when nothing was written: a line holds a character the file cannot hold,
-    // the last read stopped at a faulty line, or the write failed.
+    // Returns false when nothing was written (see SaveDataFile).
     bool SaveAlerts(const QStringList& lines);
 
 signals:
@@ -106,5 +111,5 @@ private:
 
     Services& services_;
     bool fileFound_ = false;
-    bool partlyRead_ = false;
+    DataFile file_{kAlertsFile};
 };

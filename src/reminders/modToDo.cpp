@@ -5,33 +5,51 @@
 
 #include "reminders/RemindersMessages.h"
 #include "shell/Files.h"
-#include "shell/SafeSave.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
+
+namespace {
+
+// Puts line, the to-do file's line number row (from 0), into rows; an eleventh line raises 9.
+void ReadToDoLine(QStringView line, qsizetype row, ToDoRows& rows) {
+    if (row >= kToDoRows)
+        Raise(err::SubscriptOutOfRange);
+    if (line.isEmpty())
+        return;
+    rows.done[row] = line.front() == QChar(kDoneMark);
+    rows.texts[row] = line.mid(1).toString();
+}
+
+// A row's line: its mark and its text, kept on one line.
+QString ToDoLine(const ToDoRows& rows, int row) {
+    return QChar(rows.done[row] ? kDoneMark : kNotDoneMark) + OnOneLine(rows.texts[row]);
+}
+
+}  // namespace
 
 void ReadToDoFile(const QString& path, ToDoRows& rows) {
     rows = {};
     const QStringList lines = textfile::ReadLines(path);
-    for (qsizetype row = 0; row < lines.size(); ++row) {
-        if (row == kToDoRows)
-            Raise(err::SubscriptOutOfRange);
-        const QString& line = lines[row];
-        if (line.isEmpty())
-            continue;
-        rows.done[row] = line.front() == QChar(kDoneMark);
-        rows.texts[row] = line.mid(1);
-    }
+    for (qsizetype row = 0; row < lines.size(); ++row)
+        ReadToDoLine(lines[row], row, rows);
 }
 
 QString ToDoFileText(const ToDoRows& rows) {
     QString text;
-    for (int row = 0; row < kToDoRows; ++row) {
-        QString line = rows.texts[row];
-        line.replace(QLatin1Char('\r'), QLatin1Char(' '));
-        line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-        text += QChar(rows.done[row] ? kDoneMark : kNotDoneMark) + line + kCrLf;
-    }
+    for (int row = 0; row < kToDoRows; ++row)
+        text += ToDoLine(rows, row) + kCrLf;
     return text;
+}
+
+const RecordLayout& ToDoLayout() {
+    static const RecordLayout layout = [] {
+        RecordLayout toDo;
+        toDo.separator = QChar();
+        toDo.key = RecordLayout::Key::Position;
+        return toDo;
+    }();
+    return layout;
 }
 
 ToDoStore::ToDoStore(Services& services) : services_(services) {}
@@ -47,21 +65,30 @@ bool ToDoStore::IsDefaultList(const QString& path) const {
     return QFileInfo(path) == QFileInfo(PathOf({}));
 }
 
-bool ToDoStore::Read(const char* procedure, const QString& path, ToDoRows& rows) {
-    const bool whole = services_.Trap(procedure, [&] { ReadToDoFile(path, rows); });
-    const QString key = QFileInfo(path).absoluteFilePath();
-    if (whole)
-        partlyRead_.remove(key);
-    else
-        partlyRead_.insert(key);
-    return whole;
+QString ToDoStore::FileNameOf(const QString& fileName) const {
+    const QString name = fileName.isEmpty() ? kToDoFile : fileName;
+    return QFileInfo(name).isAbsolute() ? QDir::cleanPath(name) : name;
+}
+
+DataFile& ToDoStore::FileOf(const QString& fileName) {
+    const QString key = QFileInfo(PathOf(fileName)).absoluteFilePath();
+    auto found = files_.find(key);
+    if (found == files_.end())
+        found = files_.insert(key, DataFile(FileNameOf(fileName)));
+    return *found;
+}
+
+bool ToDoStore::Read(const char* procedure, const QString& fileName, ToDoRows& rows) {
+    rows = {};
+    return ReadDataFile(
+        services_, procedure, FileOf(fileName),
+        [&](QByteArrayView line, int number) { ReadToDoLine(LineText(line), number - 1, rows); });
 }
 
 void ToDoStore::ReadToDoList() {
-    QString path;
-    if (!FileExists(services_.AppFolder, kToDoFile, &path))
+    if (!FileExists(services_.AppFolder, kToDoFile))
         return;
-    Read("ReadToDoList", path, rows_);
+    Read("ReadToDoList", {}, rows_);
     emit toDoListChanged();
 }
 
@@ -71,20 +98,27 @@ bool ToDoStore::OpenToDoList(const QString& path, ToDoRows& rows) {
 
 bool ToDoStore::SaveToDoList(const ToDoRows& rows, const QString& fileName) {
     const QString path = PathOf(fileName);
-    if (services_.RefuseSaveAfterPartialRead(
-            partlyRead_.contains(QFileInfo(path).absoluteFilePath()), QFileInfo(path).fileName()))
+    // A list saved under a name it was not read from replaces that file: the user chose it.
+    const bool known = files_.contains(QFileInfo(path).absoluteFilePath());
+    DataFile& file = FileOf(fileName);
+    if (!known)
+        services_.Trap("SaveToDoList", [&] {
+            file.Load(services_.AppFolder);
+            file.MarkReadWhole();
+        });
+    Records records(ToDoLayout());
+    for (int row = 0; row < kToDoRows; ++row)
+        records.Add({ToDoLine(rows, row)});
+    const SaveResult result = SaveDataFile(services_, "SaveToDoList", file, records);
+    if (result == SaveResult::Refused)
         return false;
-    const QString text = ToDoFileText(rows);
-    if (const auto bad = textfile::FirstUnstorableCharacter(text)) {
-        services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
-        return false;
-    }
-    return services_.Trap("SaveToDoList", [&] {
-        safesave::Replace(path, textfile::Encode(text));
-        if (IsDefaultList(path)) {
+    if (IsDefaultList(path)) {
+        if (result == SaveResult::Merged)
+            Read("SaveToDoList", {}, rows_);
+        else
             rows_ = rows;
-            emit toDoListChanged();
-        }
-        services_.dialogs.MsgBox(kToDoSaved);
-    });
+        emit toDoListChanged();
+    }
+    services_.dialogs.MsgBox(kToDoSaved);
+    return true;
 }

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QHash>
 #include <QObject>
-#include <QSet>
 #include <QString>
 #include <array>
 
+#include "shell/DataFile.h"
 #include "shell/DoneMarks.h"
+#include "shell/Records.h"
 
 class Services;
 
@@ -26,8 +28,10 @@ struct ToDoRows {
 // fills the ten and then raises error 9.
 void ReadToDoFile(const QString& path, ToDoRows& rows);
 // The file's text: the ten rows in order, each its mark and its text and a CR LF, an empty row
-// being its mark alone. A line break in a text becomes a blank.
+// being its mark alone. A text is kept on one line.
 QString ToDoFileText(const ToDoRows& rows);
+// The layout of a to-do file: ten lines, each named by its place.
+const RecordLayout& ToDoLayout();
 
 // The program's default to-do list, "To Do.dat" in the data folder, which the main window
 // shows and the planner's to-do import copies. The to-do window also opens and saves other
@@ -47,10 +51,10 @@ public:
     // read only in part (reported): rows then hold what was read, and the file is not saved
     // over.
     bool OpenToDoList(const QString& path, ToDoRows& rows);
-    // Writes rows to fileName and says "To Do List Saved.". An empty fileName is "To Do.dat";
+    // Saves rows to fileName and says "To Do List Saved.". An empty fileName is "To Do.dat";
     // a name without a folder lies in the data folder. Saving to the default list makes rows
-    // the program's list. Returns false when nothing was written: a text holds a character the
-    // file cannot hold, the file was read only in part, or the write failed.
+    // the program's list. Returns false when nothing was written (see SaveDataFile); a list
+    // saved under a name it was not read from replaces that file.
     bool SaveToDoList(const ToDoRows& rows, const QString& fileName = {});
 
     // Where a list called fileName is kept, by the rule of SaveToDoList.
@@ -62,10 +66,15 @@ signals:
     void toDoListChanged();
 
 private:
-    bool Read(const char* procedure, const QString& path, ToDoRows& rows);
+    // The name a list is known by in messages: "To Do.dat" or the name given, relative to the
+    // data folder unless it is a full path.
+    QString FileNameOf(const QString& fileName) const;
+    // What is known of a list's file, by its place on disk.
+    DataFile& FileOf(const QString& fileName);
+    bool Read(const char* procedure, const QString& fileName, ToDoRows& rows);
 
     Services& services_;
     ToDoRows rows_;
-    // The files whose last read stopped at a faulty line.
-    QSet<QString> partlyRead_;
+    // Every list read or saved, by its place on disk.
+    QHash<QString, DataFile> files_;
 };

@@ -6,7 +6,7 @@
 #include "reports/ReportMessages.h"
 #include "reports/ReportSource.h"
 #include "shell/Files.h"
-#include "shell/SafeSave.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 #include "shell/VbError.h"
@@ -22,31 +22,52 @@ std::optional<qint64> Cents(const QString& whole, const QString& decimals) {
 
 }  // namespace
 
-void ReadBudgetFile(const QString& path, Budgets& budgets) {
+void ReadBudgetLine(const QString& text, Budgets& budgets) {
     static const QRegularExpression line(
         QStringLiteral(R"(^(\d{4})-(\d{2}):(\d{1,12})(?:\.(\d{1,2}))?$)"));
-    budgets.clear();
-    for (const QString& text : textfile::ReadLines(path)) {
-        const QString trimmed = text.trimmed();
-        if (trimmed.isEmpty())
-            continue;
-        const QRegularExpressionMatch match = line.match(trimmed);
-        const QDate month = match.hasMatch()
-                                ? QDate(match.captured(1).toInt(), match.captured(2).toInt(), 1)
-                                : QDate();
-        if (!month.isValid())
-            Raise(err::TypeMismatch);
-        budgets.insert(month, *Cents(match.captured(3), match.captured(4)));
-    }
+    const QString trimmed = text.trimmed();
+    if (trimmed.isEmpty())
+        return;
+    const QRegularExpressionMatch match = line.match(trimmed);
+    const QDate month =
+        match.hasMatch() ? QDate(match.captured(1).toInt(), match.captured(2).toInt(), 1) : QDate();
+    if (!month.isValid())
+        Raise(err::TypeMismatch);
+    budgets.insert(month, *Cents(match.captured(3), match.captured(4)));
 }
+
+void ReadBudgetFile(const QString& path, Budgets& budgets) {
+    budgets.clear();
+    for (const QString& text : textfile::ReadLines(path))
+        ReadBudgetLine(text, budgets);
+}
+
+namespace {
+
+QStringList BudgetFields(const QDate& month, qint64 cents) {
+    return {
+        month.toString(QStringLiteral("yyyy-MM")),
+        QString::number(cents / 100) + u'.' + QString::number(cents % 100).rightJustified(2, u'0')};
+}
+
+}  // namespace
 
 QString BudgetFileText(const Budgets& budgets) {
     QString text;
     for (auto it = budgets.cbegin(); it != budgets.cend(); ++it)
-        text += it.key().toString(QStringLiteral("yyyy-MM")) + u':' +
-                QString::number(it.value() / 100) + u'.' +
-                QString::number(it.value() % 100).rightJustified(2, u'0') + kCrLf;
+        text += BudgetFields(it.key(), it.value()).join(u':') + kCrLf;
     return text;
+}
+
+const RecordLayout& BudgetLayout() {
+    static const RecordLayout layout = [] {
+        RecordLayout budget;
+        budget.key = RecordLayout::Key::LeadingFields;
+        budget.keyFields = 1;
+        budget.whenEmpty = RecordLayout::WhenEmpty::EmptyFile;
+        return budget;
+    }();
+    return layout;
 }
 
 bool ParseBudgetText(const QString& text, std::optional<qint64>& cents) {
@@ -90,22 +111,20 @@ std::array<double, 12> MonthlyExpenses(Services& services, const PlannerStore& p
 modBudget::modBudget(Services& services) : services_(services) {}
 
 void modBudget::ReadBudget() {
-    QString path;
-    partlyRead_ = false;
-    if (!FileExists(services_.AppFolder, kBudgetFile, &path)) {
-        budgets_.clear();
-        return;
-    }
-    partlyRead_ = !services_.Trap("ReadBudget", [&] { ReadBudgetFile(path, budgets_); });
+    budgets_.clear();
+    ReadDataFile(services_, "ReadBudget", file_,
+                 [&](QByteArrayView line, int) { ReadBudgetLine(LineText(line), budgets_); });
 }
 
 bool modBudget::SaveBudget(const Budgets& budgets) {
-    if (services_.RefuseSaveAfterPartialRead(partlyRead_, kBudgetFile))
-        return false;
-    return services_.Trap("SaveBudget", [&] {
-        safesave::Replace(PathForWriting(services_.AppFolder, kBudgetFile),
-                          textfile::Encode(BudgetFileText(budgets)));
+    Records records(BudgetLayout());
+    for (auto it = budgets.cbegin(); it != budgets.cend(); ++it)
+        records.Add(BudgetFields(it.key(), it.value()));
+    const SaveResult result =
+        SaveDataFile(services_, "SaveBudget", file_, records, kBudgetSavedMessage);
+    if (result == SaveResult::Merged)
+        ReadBudget();
+    else if (result == SaveResult::Saved)
         budgets_ = budgets;
-        services_.dialogs.MsgBox(kBudgetSavedMessage);
-    });
+    return result != SaveResult::Refused;
 }

@@ -6,6 +6,9 @@
 #include <array>
 #include <optional>
 
+#include "shell/DataFile.h"
+#include "shell/Records.h"
+
 class DateModel;
 class PlannerStore;
 class Services;
@@ -25,7 +28,10 @@ constexpr qint64 kMaxBudgetCents = 99999999999999;
 // replaces an earlier one. A line of any other shape raises error 13, the months read before
 // it being kept in budgets.
 void ReadBudgetFile(const QString& path, Budgets& budgets);
+void ReadBudgetLine(const QString& line, Budgets& budgets);
 QString BudgetFileText(const Budgets& budgets);
+// The layout of "Budget.dat": a month a line, named by the month; no budgets, an empty file.
+const RecordLayout& BudgetLayout();
 
 // A budget as the user types it: digits with thousands commas if wanted, and at most two
 // decimals ("1,250", "1250.5"). False for anything else, a negative amount included; a blank
@@ -47,12 +53,12 @@ public:
     // Loads "Budget.dat"; a missing file is no budgets. A file that stops at a faulty line
     // keeps the months before it, is reported, and is then not saved over.
     void ReadBudget();
-    // Writes budgets as the whole file and says "Budget Saved."; false when nothing was
-    // written (the file was read only in part, or the write failed).
+    // Saves budgets as the whole file and says "Budget Saved."; false when nothing was
+    // written (see SaveDataFile).
     bool SaveBudget(const Budgets& budgets);
 
 private:
     Services& services_;
     Budgets budgets_;
-    bool partlyRead_ = false;
+    DataFile file_{kBudgetFile};
 };

@@ -50,9 +50,3 @@ void Services::AppendToErrorLog(const QString& report) {
     if (!ok)
         dialogs.MsgBox(kErrorLogWriteFailed);
 }
-
-bool Services::RefuseSaveAfterPartialRead(bool partlyRead, const QString& fileName) {
-    if (partlyRead)
-        dialogs.MsgBox(PartlyReadFileMessage(fileName), kWarningStyle);
-    return partlyRead;
-}

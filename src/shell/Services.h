@@ -32,10 +32,6 @@ public:
     // The report text LogError shows and logs.
     QString ErrorReport(const QString& procedure, int number, const QString& description) const;
 
-    // Refuses to write fileName over a file whose last read stopped at a faulty line, which
-    // would lose the lines never read: says so and returns true. False when it was read whole.
-    bool RefuseSaveAfterPartialRead(bool partlyRead, const QString& fileName);
-
     // Runs body as the named procedure: an error it raises is logged under that name and the
     // procedure is left; the caller goes on. Returns false when body failed.
     template <class Body>
@@ -45,11 +41,9 @@ public:
             return true;
         } catch (const VbError& error) {
             LogError(QString::fromLatin1(procedure), error.number(), error.description());
-        } catch (const std::bad_alloc&) {
-            LogError(QString::fromLatin1(procedure), 7, QStringLiteral("Out of memory"));
-        } catch (const std::exception& error) {
-            LogError(QString::fromLatin1(procedure), err::InvalidProcedureCall,
-                     QString::fromLocal8Bit(error.what()));
+        } catch (const std::exception&) {
+            const VbError error = CurrentError();
+            LogError(QString::fromLatin1(procedure), error.number(), error.description());
         }
         return false;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include "shell/Dialogs.h"
 
@@ -14,14 +15,66 @@ inline const QString kErrorLogWriteFailed = QStringLiteral("Error writing to Err
 inline const QString kFolderCheckFailed =
     QStringLiteral("Error encountered during Events Folder check.");
 
-// A save refused because the file's last read stopped at a faulty line.
-inline QString PartlyReadFileMessage(const QString& fileName) {
+// A read that stopped: the error's description with the file and, when a line was at fault,
+// its number, so that Error.log tells which line to look at.
+inline QString FaultDescription(const QString& description, const QString& fileName, int line) {
+    return line > 0 ? QStringLiteral("%1 (%2, line %3)").arg(description, fileName).arg(line)
+                    : QStringLiteral("%1 (%2)").arg(description, fileName);
+}
+
+// A save refused because the file's last read stopped at a faulty line (line 0: the file could
+// not be read at all).
+inline QString PartlyReadFileMessage(const QString& fileName, int line) {
+    if (line <= 0)
+        return QStringLiteral(
+                   "%1 could not be read, so it has not been saved: saving now could overwrite "
+                   "what it holds. Please make the file readable, then start Orvanta again.")
+            .arg(fileName);
     return QStringLiteral(
                "%1 could not be read completely, so it has not been saved: saving now would "
-               "overwrite the lines that could not be read. Please correct or remove the line "
-               "named in Error.log, then start Orvanta again.")
-        .arg(fileName);
+               "overwrite the lines that could not be read. Please correct or remove line %2 "
+               "of the file, then start Orvanta again.")
+        .arg(fileName)
+        .arg(line);
 }
+
+// A field that would break the line it is written on: a line break, or the character that
+// separates the line's fields.
+inline QString FieldBreaksLineMessage(const QString& field, const QString& character) {
+    const QString shown = field.size() > 60 ? field.left(57) + QStringLiteral("...") : field;
+    return QStringLiteral(
+               "\"%1\" cannot be saved as it is: %2 would break the line it is kept on. Please "
+               "remove it and save again.")
+        .arg(shown, character);
+}
+// A character that a file uses for a line break of its text, typed as text.
+inline QString LineBreakCharacterMessage(const QString& character) {
+    return QStringLiteral(
+               "The character \"%1\" cannot be stored here: this file uses it to keep line "
+               "breaks. Please remove or replace it and save again.")
+        .arg(character);
+}
+inline const QString kLineBreakName = QStringLiteral("a line break");
+inline QString SeparatorName(QChar separator) {
+    return QStringLiteral("\"%1\"").arg(separator);
+}
+
+// A save that found the file changed by another program where this one changed it too.
+inline QString ChangedOnDiskQuestion(const QString& fileName, const QStringList& places) {
+    const QStringList shown = places.mid(0, 8);
+    return QStringLiteral(
+               "%1 was changed by another program after Orvanta read it, in places you changed "
+               "too: %2.")
+               .arg(fileName,
+                    shown.join(QStringLiteral(", ")) +
+                        (places.size() > shown.size() ? QStringLiteral(" ...") : QString())) +
+           kCrLf + kCrLf +
+           QStringLiteral(
+               "Yes saves your version of those over the other program's (its other "
+               "changes are kept); No saves nothing, and your changes stay where they "
+               "are.");
+}
+inline const QString kChangedOnDiskTitle = QStringLiteral("Changed by Another Program");
 
 // ---- printing ---------------------------------------------------------------------------
 inline const QString kNoPrinterMessage = QStringLiteral("Could not find Printer.");

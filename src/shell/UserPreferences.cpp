@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "shell/Files.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 
@@ -26,34 +27,46 @@ void UserPreferences::Reset() {
         lines_.append({key, QString()});
 }
 
+const RecordLayout& UserPreferences::Layout() {
+    static const RecordLayout layout = [] {
+        RecordLayout preferences;
+        preferences.key = RecordLayout::Key::LeadingFields;
+        preferences.keyFields = 1;
+        preferences.whenEmpty = RecordLayout::WhenEmpty::EmptyFile;
+        return preferences;
+    }();
+    return layout;
+}
+
 void UserPreferences::GetUserPreferences(Services& services) {
-    services.Trap("GetUserPreferences", [&] {
-        Reset();
-        QString path;
-        if (!FileExists(services.AppFolder, kUserPreferencesFile, &path))
-            return;
-        QList<std::pair<QString, QString>> read;
-        for (const QString& line : textfile::ReadLines(path)) {
-            // The key runs to the first ":" and includes it; the value is the rest of the line.
-            const qsizetype colon = line.indexOf(QLatin1Char(':'));
-            read.append(colon < 0 ? std::pair{QString(), line}
-                                  : std::pair{line.left(colon + 1), line.mid(colon + 1)});
-        }
-        lines_ = read;
-        for (const QString& key : prefkey::All()) {
-            if (!std::any_of(read.cbegin(), read.cend(), [&](auto& l) { return l.first == key; }))
-                lines_.append({key, QString()});
-        }
+    Reset();
+    QList<std::pair<QString, QString>> read;
+    ReadDataFile(services, "GetUserPreferences", file_, [&](QByteArrayView bytes, int) {
+        // The key runs to the first ":" and includes it; the value is the rest of the line.
+        const QString line = LineText(bytes);
+        const qsizetype colon = line.indexOf(QLatin1Char(':'));
+        read.append(colon < 0 ? std::pair{QString(), line}
+                              : std::pair{line.left(colon + 1), line.mid(colon + 1)});
     });
+    if (!file_.Stamp().exists)
+        return;
+    lines_ = read;
+    for (const QString& key : prefkey::All()) {
+        if (!std::any_of(read.cbegin(), read.cend(), [&](auto& l) { return l.first == key; }))
+            lines_.append({key, QString()});
+    }
 }
 
 void UserPreferences::SaveUserPreferences(Services& services) {
-    services.Trap("SaveUserPreferences", [&] {
-        QString text;
-        for (const auto& [key, value] : lines_)
-            text += key + value + kCrLf;
-        textfile::WriteAll(PathForWriting(services.AppFolder, kUserPreferencesFile), text);
-    });
+    Records records(Layout());
+    for (const auto& [key, value] : lines_) {
+        if (key.isEmpty())
+            records.Add({OnOneLine(value)});
+        else
+            records.Add({key.chopped(1), OnOneLine(value)});
+    }
+    if (SaveDataFile(services, "SaveUserPreferences", file_, records) == SaveResult::Merged)
+        GetUserPreferences(services);
 }
 
 QString UserPreferences::Value(const QString& key) const {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "shell/DataFile.h"
+#include "shell/Records.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -54,8 +57,11 @@ public:
 
     // Reads the file; a missing file leaves every setting empty.
     void GetUserPreferences(Services& services);
-    // Rewrites the whole file: its lines in their order, then any known key it lacked.
+    // Saves the whole file: its lines in their order, then any known key it lacked (a value
+    // kept on one line). Changes another program made meanwhile to other settings stay.
     void SaveUserPreferences(Services& services);
+    // The layout of the file: a setting a line, named by its key.
+    static const RecordLayout& Layout();
 
     // The value of key (given with its trailing ":"); empty when the key is not set.
     QString Value(const QString& key) const;
@@ -67,4 +73,5 @@ private:
     // (key, value) in file order. A line without ":" has an empty key and is kept whole as
     // its value.
     QList<std::pair<QString, QString>> lines_;
+    DataFile file_{kUserPreferencesFile};
 };

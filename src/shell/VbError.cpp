@@ -1,5 +1,8 @@
 #include "shell/VbError.h"
 
+#include <exception>
+#include <new>
+
 VbError::VbError(int number, QString description)
     : number_(number), description_(std::move(description)) {
     if (description_.isEmpty())
@@ -32,6 +35,18 @@ QString VbError::StandardDescription(int number) {
             return QStringLiteral("Path not found");
         default:
             return QStringLiteral("Application-defined or object-defined error");
+    }
+}
+
+VbError CurrentError() {
+    try {
+        throw;
+    } catch (const VbError& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return VbError(7, QStringLiteral("Out of memory"));
+    } catch (const std::exception& error) {
+        return VbError(err::InvalidProcedureCall, QString::fromLocal8Bit(error.what()));
     }
 }
 

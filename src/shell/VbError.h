@@ -36,6 +36,11 @@ private:
 
 [[noreturn]] void Raise(int number, const QString& description = {});
 
+// The exception being handled (called inside a catch block) as the program's error: a VbError
+// as it is, running out of memory as 7, any other failure of a library as 5 with its text.
+// Anything else is thrown on.
+VbError CurrentError();
+
 // Reads a whole field as a number the way the classic conversion does: surrounding blanks are
 // allowed, anything else that is not a number is a type mismatch (error 13).
 int ToInt(QStringView field);

@@ -5,21 +5,38 @@
 
 #include "shell/Files.h"
 #include "shell/Prompts.h"
-#include "shell/SafeSave.h"
+#include "shell/SavePath.h"
 #include "shell/Services.h"
 #include "shell/TextFile.h"
 #include "shell/UserPreferences.h"
 #include "shell/VbError.h"
 #include "terms/TermMessages.h"
 
+namespace {
+
+void AddTerm(QStringList& terms, QByteArrayView line) {
+    if (terms.size() == kMaxTerms)
+        Raise(err::Overflow);
+    terms.append(textfile::Decode(line));
+}
+
+}  // namespace
+
 QStringList TermsOfFile(const QByteArray& bytes) {
     QStringList terms;
-    textfile::ForEachLine(bytes, [&](QByteArrayView line) {
-        if (terms.size() == kMaxTerms)
-            Raise(err::Overflow);
-        terms.append(textfile::Decode(line));
-    });
+    textfile::ForEachLine(bytes, [&](QByteArrayView line) { AddTerm(terms, line); });
     return terms;
+}
+
+const RecordLayout& TermsLayout() {
+    static const RecordLayout layout = [] {
+        RecordLayout terms;
+        terms.separator = QChar();
+        terms.endAfterLast = false;
+        terms.whenEmpty = RecordLayout::WhenEmpty::EmptyFile;
+        return terms;
+    }();
+    return layout;
 }
 
 modFUT::modFUT(Services& services, UserPreferences& prefs) : services_(services), prefs_(prefs) {}
@@ -40,6 +57,12 @@ void modFUT::SetCurrentFile(const QString& name) {
     prefs_.SaveUserPreferences(services_);
 }
 
+DataFile& modFUT::CurrentDataFile() {
+    if (file_.Name().compare(CurrentFile(), Qt::CaseInsensitive) != 0)
+        file_.SetName(CurrentFile());
+    return file_;
+}
+
 bool modFUT::ReadFrequentlyUsedTerms() {
     terms_.clear();
     const QString name = CurrentFile();
@@ -47,15 +70,14 @@ bool modFUT::ReadFrequentlyUsedTerms() {
         services_.dialogs.MsgBox(kTermFileNotFound);
         return false;
     }
-    return services_.Trap("ReadFrequentlyUsedTerms", [&] {
-        QString path;
-        // A list read for the first time starts as an empty file.
-        if (!FileExists(services_.AppFolder, name, &path)) {
-            path = PathForWriting(services_.AppFolder, name);
-            safesave::Replace(path, {});
-        }
-        terms_ = TermsOfFile(textfile::ReadBytes(path));
-    });
+    DataFile& file = CurrentDataFile();
+    // A list read for the first time starts as an empty file.
+    if (!FileExists(services_.AppFolder, name) && !services_.Trap("ReadFrequentlyUsedTerms", [&] {
+            WriteRecordFile(services_, name, TermsLayout(), {});
+        }))
+        return false;
+    return ReadDataFile(services_, "ReadFrequentlyUsedTerms", file,
+                        [&](QByteArrayView line, int) { AddTerm(terms_, line); });
 }
 
 bool modFUT::SaveFrequentlyUsedTerms(const QStringList& list) {
@@ -63,29 +85,26 @@ bool modFUT::SaveFrequentlyUsedTerms(const QStringList& list) {
         services_.dialogs.MsgBox(kNoTermsToSave);
         return false;
     }
-    // The last term has no line end after it.
-    const QString text = textfile::JoinLines(list);
-    if (const auto bad = textfile::FirstUnstorableCharacter(text)) {
-        services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*bad), kWarningStyle);
-        return false;
-    }
-    return services_.Trap("SaveFrequentlyUsedTerms", [&] {
-        const QString path = PathForWriting(services_.AppFolder, CurrentFile());
-        if (QFile::exists(path))
-            ClearAttributes(path);
-        textfile::WriteAll(path, text);
-        terms_ = list;
-    });
+    Records records(TermsLayout());
+    for (const QString& term : list)
+        records.Add({OnOneLine(term)});
+    return Save("SaveFrequentlyUsedTerms", records);
 }
 
 bool modFUT::ClearFrequentlyUsedTerms() {
-    return services_.Trap("ClearFrequentlyUsedTerms", [&] {
-        const QString path = PathForWriting(services_.AppFolder, CurrentFile());
-        if (QFile::exists(path))
-            ClearAttributes(path);
-        safesave::Replace(path, {});
-        terms_.clear();
-    });
+    return Save("ClearFrequentlyUsedTerms", Records(TermsLayout()));
+}
+
+bool modFUT::Save(const char* procedure, const Records& records) {
+    DataFile& file = CurrentDataFile();
+    const QString path = file.PathIn(services_.AppFolder);
+    if (QFile::exists(path))
+        ClearAttributes(path);
+    if (SaveDataFile(services_, procedure, file, records) == SaveResult::Refused)
+        return false;
+    // The list as saved, with what another program added meanwhile.
+    services_.Trap(procedure, [&] { terms_ = TermsOfFile(file.SeenBytes()); });
+    return true;
 }
 
 bool modFUT::CreateNewFUTFile() {
@@ -105,8 +124,10 @@ bool modFUT::CreateNewFUTFile() {
         const QString path = PathForWriting(services_.AppFolder, name);
         if (QFile::exists(path))
             ClearAttributes(path);
-        safesave::Replace(path, {});
+        // The user chose to start this list afresh, over a file of that name if there is one.
+        WriteRecordFile(services_, QFileInfo(path).fileName(), TermsLayout(), {});
         SetCurrentFile(QFileInfo(path).fileName());
+        CurrentDataFile().Saw(path, {});
         terms_.clear();
         newFileStarted_ = true;
         created = true;

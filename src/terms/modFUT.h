@@ -3,6 +3,9 @@
 #include <QString>
 #include <QStringList>
 
+#include "shell/DataFile.h"
+#include "shell/Records.h"
+
 class Services;
 class UserPreferences;
 
@@ -35,8 +38,9 @@ public:
     // Loads the current file; a missing file is created empty first. False when no file is
     // chosen (after saying so) or the file could not be read (the error is logged).
     bool ReadFrequentlyUsedTerms();
-    // Writes list as the current file's terms. An empty list only says there is nothing to
-    // save: the file keeps what it held. False when nothing was written.
+    // Saves list as the current file's terms, each on one line (see SaveDataFile). An empty
+    // list only says there is nothing to save: the file keeps what it held. False when
+    // nothing was written.
     bool SaveFrequentlyUsedTerms(const QStringList& list);
     // Empties the current file, as clearing the list does.
     bool ClearFrequentlyUsedTerms();
@@ -50,9 +54,17 @@ public:
 private:
     Services& services_;
     UserPreferences& prefs_;
+    // What is known of the current file (a file made current since it was read is unread).
+    DataFile& CurrentDataFile();
+    // Saves records as the current file's terms under procedure; the terms are then the file's.
+    bool Save(const char* procedure, const Records& records);
+
     QStringList terms_;
+    DataFile file_;
     bool newFileStarted_ = false;
 };
 
 // The terms in a term file's bytes (exposed for the fuzz target).
 QStringList TermsOfFile(const QByteArray& bytes);
+// The layout of a term file: a term a line, CR LF between terms and none after the last.
+const RecordLayout& TermsLayout();

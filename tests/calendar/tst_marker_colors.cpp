@@ -44,7 +44,7 @@ private slots:
         QVERIFY(colors.IsHiddenColor(102));
         QVERIFY(!colors.IsHiddenColor(103));
 
-        env.write("Marker Colors.dat", "stale");
+        QFile::remove(env.path("Marker Colors.dat"));
         colors.SaveMarkerColors(env.state->services);
         QCOMPARE(env.read("Marker Colors.dat"), kFile);
     }
@@ -71,12 +71,15 @@ private slots:
         QFETCH(int, number);
         TestEnv env;
         env.write("Marker Colors.dat", file);
-        env.expectProgramError("ReadMarkerColors", number, VbError::StandardDescription(number));
+        env.expectProgramError("ReadMarkerColors", number,
+                               FaultDescription(VbError::StandardDescription(number),
+                                                "Marker Colors.dat", linesKept + 1));
         MarkerColors& colors = env.state->markerColors;
         colors.ReadMarkerColors(env.state->services);
         QCOMPARE(colors.Entry(0).caption, linesKept ? "Bills" : "Account Payable");
         QCOMPARE(colors.Entry(linesKept), MarkerColors::Defaults()[linesKept]);
-        env.dialogs.ExpectMsgBox(PartlyReadFileMessage("Marker Colors.dat"), kWarningStyle, "");
+        env.dialogs.ExpectMsgBox(PartlyReadFileMessage("Marker Colors.dat", linesKept + 1),
+                                 kWarningStyle, "");
         colors.SaveMarkerColors(env.state->services);
         VERIFY_DIALOGS(env.dialogs);
         QCOMPARE(env.read("Marker Colors.dat"), file);

@@ -53,6 +53,8 @@ private slots:
         env.write("2026Marks.dat", "00:00:00:1");
         env.write("2026Marks.bak", "older");
         DateMarks& marks = env.state->marks;
+        marks.ReadAndDisplayThisYearsMarks();
+        marks.MarkSet[{0, 0, 0}] = 0;
         marks.MarkSet[{1, 1, 1}] = -1;
         marks.MarkCategory[{1, 1, 1}] = 2;
         marks.SaveThisYearsMarks();
@@ -91,14 +93,15 @@ private slots:
         marks.MarkSet[{5, 5, 5}] = -1;
         const QByteArray file = "00:00:00:1-first\r\n" + badLine + "\r\n01:00:00:3";
         env.write("2026Marks.dat", file);
-        env.expectProgramError("ReadAndDisplayThisYearsMarks", number, description);
+        env.expectProgramError("ReadAndDisplayThisYearsMarks", number,
+                               FaultDescription(description, "2026Marks.dat", 2));
         marks.ReadAndDisplayThisYearsMarks();
         VERIFY_DIALOGS(env.dialogs);
         QCOMPARE(marks.HoverText[(CellIndex{0, 0, 0})], "first");
         QCOMPARE(marks.MarkSet[(CellIndex{1, 0, 0})], qint16(0));
         QCOMPARE(marks.MarkSet[(CellIndex{5, 5, 5})], qint16(0));
 
-        env.dialogs.ExpectMsgBox(PartlyReadFileMessage("2026Marks.dat"), kWarningStyle, "");
+        env.dialogs.ExpectMsgBox(PartlyReadFileMessage("2026Marks.dat", 2), kWarningStyle, "");
         marks.SaveThisYearsMarks();
         VERIFY_DIALOGS(env.dialogs);
         QCOMPARE(env.read("2026Marks.dat"), file);

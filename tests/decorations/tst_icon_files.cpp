@@ -102,9 +102,11 @@ private slots:
         ChangeFlags flags;
         modMonthIcons store(env.state->services, flags);
         const bool month = file != "Template.dat";
-        env.expectProgramError(month ? "ReadMonthIcons" : "ReadTemplateIcons", 13, "Type mismatch");
+        env.expectProgramError(month ? "ReadMonthIcons" : "ReadTemplateIcons", 13,
+                               FaultDescription("Type mismatch", file, readBeforeFault + 1));
         QCOMPARE(store.IconsOn(QDate(2026, 9, 2)).size(), readBeforeFault);
-        env.dialogs.ExpectMsgBox(PartlyReadFileMessage(file), kWarningStyle, {});
+        env.dialogs.ExpectMsgBox(PartlyReadFileMessage(file, readBeforeFault + 1), kWarningStyle,
+                                 {});
         QVERIFY(month ? !store.SaveMonthIcons(9) : !store.SaveTemplateIcons());
         VERIFY_DIALOGS(env.dialogs);
         QCOMPARE(env.read(file), content);

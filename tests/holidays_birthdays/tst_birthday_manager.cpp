@@ -25,7 +25,8 @@ struct Manager {
         f.env.write("Birthdays.dat", list);
         // The birthdays are read at start-up.
         if (faultyPeriod)
-            f.env.expectProgramError("ReadBirthdays", 13, "Type mismatch");
+            f.env.expectProgramError("ReadBirthdays", 13,
+                                     FaultDescription("Type mismatch", "Birthdays.dat", 2));
         f.Start();
         context.reset(new HolidaysBirthdaysContext{f.frame(), state.services, state.dates,
                                                    state.holidays, state.birthdays, f.calendar()});
@@ -135,7 +136,7 @@ private slots:
             << "cmbDay";
         QTest::newRow("list read only up to a faulty line")
             << kZoe + "03/15:x7:Mary Smith:1960\r\n" + kAdam << "Ann" << 5 << 1
-            << PartlyReadFileMessage("Birthdays.dat") << "lstBirthdays";
+            << PartlyReadFileMessage("Birthdays.dat", 2) << "lstBirthdays";
     }
     void refusedEntryLeavesTheFileAsItWas() {
         QFETCH(QByteArray, list);

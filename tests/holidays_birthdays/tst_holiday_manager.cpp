@@ -124,14 +124,18 @@ private slots:
         MainWindowFixture f;
         f.env.write(kFile, "01/01/26:New Year\r\nbad\r\n12/25/26:Christmas\r\n");
         f.env.dialogs.ExpectMsgBox(
-            f.env.state->services.ErrorReport("AssignThisYearsHolidays", 5,
-                                              "Invalid procedure call or argument"),
+            f.env.state->services.ErrorReport(
+                "AssignThisYearsHolidays", 5,
+                FaultDescription("Invalid procedure call or argument", HolidayFileName(2026), 2)),
             vb::OKOnly, "Program Error");
         f.Start();
-        f.env.expectProgramError("LoadHolidayList", 5, "Invalid procedure call or argument");
+        f.env.expectProgramError(
+            "LoadHolidayList", 5,
+            FaultDescription("Invalid procedure call or argument", HolidayFileName(2026), 2));
         Manager m(f);
         QCOMPARE(m.window->Control<QListWidget>("lstHolidays")->count(), 1);
-        f.env.dialogs.ExpectMsgBox(PartlyReadFileMessage(HolidayFileName(2026)), kWarningStyle, "");
+        f.env.dialogs.ExpectMsgBox(PartlyReadFileMessage(HolidayFileName(2026), 2), kWarningStyle,
+                                   "");
         m.Save("Jul 4", "Fourth");
         VERIFY_DIALOGS(f.env.dialogs);
         QCOMPARE(f.env.read(kFile), "01/01/26:New Year\r\nbad\r\n12/25/26:Christmas\r\n");

@@ -38,8 +38,10 @@ private slots:
     void shortHolidayLineMarksNothing() {
         TestEnv env;
         env.write("Holidays/2026Holidays.dat", "12/25/26:Christmas\r\n1/1/26\r\n");
-        env.expectProgramError("AssignThisYearsHolidays", err::InvalidProcedureCall,
-                               VbError::StandardDescription(err::InvalidProcedureCall));
+        env.expectProgramError(
+            "AssignThisYearsHolidays", err::InvalidProcedureCall,
+            FaultDescription(VbError::StandardDescription(err::InvalidProcedureCall),
+                             HolidayFileName(2026), 2));
         env.select(QDate(2026, 3, 1));
         VERIFY_DIALOGS(env.dialogs);
         QCOMPARE(env.state->holidays.HolidaysOn(QDate(2026, 12, 25)), QStringList());
@@ -112,15 +114,18 @@ private slots:
         QCOMPARE(birthdays.PendingText(), "1 Birthday is Pending");
         QCOMPARE(birthdays.BirthdaysOn(QDate(2027, 2, 1)), QStringList{"Cy"});
         QCOMPARE(birthdays.BirthdaysOn(QDate(2026, 9, 9)), QStringList{"Bob"});
-        QVERIFY(birthdays.SaveBirthdays({"02/01:00:Cy:2000", "", "09/08:01:Ann:1990"}, false));
+        QVERIFY(birthdays.SaveBirthdays(
+            {ParseBirthdayLine("02/01:00:Cy:2000"), ParseBirthdayLine("09/08:01:Ann:1990")},
+            false));
         QCOMPARE(env.read("Birthdays.dat"), "02/01:00:Cy:2000\r\n09/08:01:Ann:1990\r\n");
 
         env.write("Birthdays.dat", "09/08:01:Ann:1990\r\n09/09:xx:Bob:****\r\n");
-        env.expectProgramError("ReadBirthdays", err::TypeMismatch,
-                               VbError::StandardDescription(err::TypeMismatch));
+        env.expectProgramError(
+            "ReadBirthdays", err::TypeMismatch,
+            FaultDescription(VbError::StandardDescription(err::TypeMismatch), kBirthdaysFile, 2));
         birthdays.ReadBirthdays();
-        env.dialogs.ExpectMsgBox(PartlyReadFileMessage(kBirthdaysFile), kWarningStyle, "");
-        QVERIFY(!birthdays.SaveBirthdays({"09/08:01:Ann:1990"}, true));
+        env.dialogs.ExpectMsgBox(PartlyReadFileMessage(kBirthdaysFile, 2), kWarningStyle, "");
+        QVERIFY(!birthdays.SaveBirthdays({ParseBirthdayLine("09/08:01:Ann:1990")}, true));
         VERIFY_DIALOGS(env.dialogs);
         QCOMPARE(env.read("Birthdays.dat"), "09/08:01:Ann:1990\r\n09/09:xx:Bob:****\r\n");
     }

@@ -75,8 +75,10 @@ private slots:
         window->Control<QListWidget>("lst", panel)->item(1)->setSelected(true);
         Click(window, "cmdDelete", panel);
         VERIFY_DIALOGS(f.env.dialogs);
-        QCOMPARE(f.env.read(file),
-                 Days(yy, "03/02/yy:020101:March \xe9\r\n09/20/yy:080003:x\n09/07/yy:080101:last"));
+        // Every other line as it was, each ended by CR LF as the file's lines are.
+        QCOMPARE(f.env.read(file), Days(yy,
+                                        "03/02/yy:020101:March \xe9\r\n09/20/yy:080003:x\r\n"
+                                        "09/07/yy:080101:last\r\n"));
         QCOMPARE(Listed(window, panel).size(), 2);
         QVERIFY(!flagged());
     }
@@ -129,19 +131,20 @@ private slots:
         QFETCH(int, year);
         const QByteArray yy = QByteArray::number(year % 100);
         const QString file = QString::number(year) + "/Notes.dat";
+        const QString fileName = QString::number(year) + "\\Notes.dat";
         const QByteArray notes = Days(yy, "09/07/yy:080101:a\r\nbad line\r\n09/20/yy:080003:c\r\n");
         MainWindowFixture f(QDateTime(kToday, QTime(9, 0)));
         f.env.write(file, notes);
         if (year == 2026)
-            f.env.expectProgramError("ReadThisYearsNotes", 13, "Type mismatch");
+            f.env.expectProgramError("ReadThisYearsNotes", 13,
+                                     FaultDescription("Type mismatch", fileName, 2));
         f.Start();
         frmNoteList* window = OpenList(f);
         window->Control<QComboBox>("cmbYear", 0)->setCurrentText(QString::number(year));
         Click(window, "cmdLoad", 0);
         QCOMPARE(Listed(window, 0).size(), 1);  // the line before the faulty one
-        f.env.expectProgramError("DeleteNotes", 13, "Type mismatch");
-        f.env.dialogs.ExpectMsgBox(PartlyReadFileMessage(QString::number(year) + "\\Notes.dat"),
-                                   kWarningStyle, "");
+        f.env.expectProgramError("DeleteNotes", 13, FaultDescription("Type mismatch", fileName, 2));
+        f.env.dialogs.ExpectMsgBox(PartlyReadFileMessage(fileName, 2), kWarningStyle, "");
         window->Control<QListWidget>("lst", 0)->item(0)->setSelected(true);
         QTest::keyClick(window->Control<QListWidget>("lst", 0), Qt::Key_Delete);
         VERIFY_DIALOGS(f.env.dialogs);

@@ -90,15 +90,16 @@ private slots:
         const QByteArray bytes =
             "03/07/26:020600:kept\r\n03/08/26:02 000:bad\r\n03/09/26:020100:x\r\n";
         env.write(file, bytes);
-        env.expectProgramError(procedure, 13, "Type mismatch");
+        const QString fileName = QString(file).replace('/', '\\');
+        env.expectProgramError(procedure, 13, FaultDescription("Type mismatch", fileName, 2));
         env.select(kMarch7);
         const bool notes = file.endsWith("Notes.dat");
         QVERIFY(notes ? env.state->notes.HasNote(kMarch7) : env.state->planner.HasPlanner(kMarch7));
         QVERIFY(!env.state->notes.HasNote(QDate(2026, 3, 9)));
-        env.dialogs.ExpectMsgBox(PartlyReadFileMessage(file.replace('/', '\\')), kWarningStyle, "");
+        env.dialogs.ExpectMsgBox(PartlyReadFileMessage(fileName, 2), kWarningStyle, "");
         QVERIFY(notes ? !env.state->notes.SaveThisYearsNotes(kMarch7, "new")
                       : !env.state->planner.SaveThisYearsPlannerFile());
-        QCOMPARE(env.read(file.replace('\\', '/')), bytes);
+        QCOMPARE(env.read(file), bytes);
         VERIFY_DIALOGS(env.dialogs);
     }
 

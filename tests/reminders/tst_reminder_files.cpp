@@ -82,12 +82,13 @@ private slots:
         const QByteArray file =
             Line(46272, ":0000:first") + bad + "\r\n" + Line(46273, ":0001:after");
         env.write("Alerts.dat", file);
-        env.expectProgramError("ReadAlerts", 13, "Type mismatch");
+        env.expectProgramError("ReadAlerts", 13,
+                               FaultDescription("Type mismatch", "Alerts.dat", 2));
         AlertsStore& alerts = env.state->alerts;
         alerts.ReadAlerts();
         QCOMPARE(alerts.alertMessages, QStringList{"first"});
         QCOMPARE(alerts.PendingCount(), 1);
-        env.dialogs.ExpectMsgBox(PartlyReadFileMessage("Alerts.dat"), kWarningStyle, "");
+        env.dialogs.ExpectMsgBox(PartlyReadFileMessage("Alerts.dat", 2), kWarningStyle, "");
         QVERIFY(!alerts.SaveAlerts(alerts.alertLines));
         QCOMPARE(env.read("Alerts.dat"), file);
         VERIFY_DIALOGS(env.dialogs);
@@ -119,12 +120,13 @@ private slots:
         for (int row = 0; row < 11; ++row)
             file += (row == 3 ? "\xf3" : "\xf5") + QByteArray::number(row) + "\r\n";
         env.write("To Do.dat", file);
-        env.expectProgramError("ReadToDoList", 9, "Subscript out of range");
+        env.expectProgramError("ReadToDoList", 9,
+                               FaultDescription("Subscript out of range", "To Do.dat", 11));
         ToDoStore& toDo = env.state->toDo;
         toDo.ReadToDoList();
         QCOMPARE(toDo.rows().texts[9], "9");
         QVERIFY(toDo.rows().done[3] && !toDo.rows().done[4]);
-        env.dialogs.ExpectMsgBox(PartlyReadFileMessage("To Do.dat"), kWarningStyle, "");
+        env.dialogs.ExpectMsgBox(PartlyReadFileMessage("To Do.dat", 11), kWarningStyle, "");
         QVERIFY(!toDo.SaveToDoList(toDo.rows()));
         QCOMPARE(env.read("To Do.dat"), file);
         VERIFY_DIALOGS(env.dialogs);

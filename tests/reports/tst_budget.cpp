@@ -77,10 +77,11 @@ private slots:
         TestEnv env;
         const QByteArray file = "2026-01:100.00\r\n2026-02:1O0.00\r\n2026-03:5.00\r\n";
         env.write("budget.DAT", file);
-        env.expectProgramError("ReadBudget", 13, "Type mismatch");
+        env.expectProgramError("ReadBudget", 13,
+                               FaultDescription("Type mismatch", "Budget.dat", 2));
         env.state->budget.ReadBudget();
         QCOMPARE(env.state->budget.budgets(), (Budgets{{QDate(2026, 1, 1), 10000}}));
-        env.dialogs.ExpectMsgBox(PartlyReadFileMessage("Budget.dat"), kWarningStyle, "");
+        env.dialogs.ExpectMsgBox(PartlyReadFileMessage("Budget.dat", 2), kWarningStyle, "");
         QVERIFY(!env.state->budget.SaveBudget({}));
         QCOMPARE(env.read("budget.DAT"), file);
         VERIFY_DIALOGS(env.dialogs);

@@ -66,10 +66,13 @@ struct Folder {
     DateModel dates;
 };
 
-// Content i of each store, saved.
+// Content i of each store, saved as the program saves it: the store reads its file first, so
+// that its save replaces what it read.
 void SaveMarks(Folder& folder, int content) {
     const MarkerColors colors;
     DateMarks marks(folder.services, folder.dates, colors);
+    marks.ReadAndDisplayThisYearsMarks();
+    marks.years[Year::This].Clear();
     for (int k = 0; k < 20 + content; ++k) {
         const CellIndex cell{k % kMonths, (k + content) % kWeekdays, (k * 5 + content) % kWeekRows};
         marks.MarkSet[cell] = -1;
@@ -81,6 +84,8 @@ void SaveMarks(Folder& folder, int content) {
 
 void SaveColors(Folder& folder, int content) {
     MarkerColors colors;
+    colors.ReadMarkerColors(folder.services);
+    colors.SetCategories(MarkerColors::Defaults());
     colors.SetCategory(0, QStringLiteral("Bills %1").arg(content), 0x10 + content);
     colors.SetHidden(1 + content, true);
     colors.SaveMarkerColors(folder.services);
@@ -88,6 +93,7 @@ void SaveColors(Folder& folder, int content) {
 
 void SavePreferences(Folder& folder, int content) {
     UserPreferences prefs;
+    prefs.GetUserPreferences(folder.services);
     prefs.SetValue(prefkey::CompanyName, QStringLiteral("Company %1").arg(QChar(u'A' + content)));
     prefs.SetValue(prefkey::CompanyPhone, QString(content + 1, QLatin1Char('5')));
     prefs.SaveUserPreferences(folder.services);
@@ -95,7 +101,11 @@ void SavePreferences(Folder& folder, int content) {
 
 void SaveNotes(Folder& folder, int content) {
     NotesStore notes(folder.services, folder.dates);
+    notes.ReadThisYearsNotes();
     DatedEntries& year = notes.years[Year::This];
+    const DataFile read = year.file;
+    year.Clear();
+    year.file = read;
     for (int day = 1; day <= 20 + content; ++day) {
         const QDate date(2026, 1 + day % 12, day);
         const qsizetype i = year.Append(datefmt::MmDdYy(date));
@@ -109,9 +119,12 @@ void SaveNotes(Folder& folder, int content) {
 
 void SavePlanner(Folder& folder, int content) {
     PlannerStore planner(folder.services, folder.dates);
-    for (int day = 1; day <= 20 + content; ++day) {
-        PlannerPage page;
-        page.slotTexts[day % kPlannerSlots] = QStringLiteral("R\u00e9sum\u00e9 %1").arg(content);
+    planner.ReadThisYearsPlanner();
+    for (int day = 1; day < 20 + kContents; ++day) {
+        PlannerPage page;  // blank past the content's days: not written
+        if (day <= 20 + content)
+            page.slotTexts[day % kPlannerSlots] =
+                QStringLiteral("R\u00e9sum\u00e9 %1").arg(content);
         planner.SavePlannerRecord(QDate(2026, 1 + day % 12, day), page);
     }
     folder.dialogs.ExpectMsgBox(kPlannerRecordsUpdatedMessage, vb::OKOnly, {});
@@ -173,6 +186,7 @@ void SaveUnsavedWork(Folder& folder, int content) {
 
 void SaveAlerts(Folder& folder, int content) {
     AlertsStore alerts(folder.services);
+    alerts.ReadAlerts();
     QStringList lines;
     for (int i = 0; i < 20 + content; ++i)
         lines.append(MakeAlertLine(kToday.addDays(i), i,
@@ -183,6 +197,7 @@ void SaveAlerts(Folder& folder, int content) {
 
 void SaveToDoList(Folder& folder, int content) {
     ToDoStore toDo(folder.services);
+    toDo.ReadToDoList();
     ToDoRows rows;
     for (int row = 0; row < kToDoRows; ++row) {
         rows.texts[row] = QStringLiteral("R\u00e9sum\u00e9 %1 of list %2").arg(row).arg(content);
@@ -194,6 +209,9 @@ void SaveToDoList(Folder& folder, int content) {
 
 void SaveContacts(Folder& folder, int content) {
     ContactList contacts(folder.services);
+    contacts.ReadEmployeeInfo();
+    while (!contacts.People().isEmpty())
+        contacts.Remove(0);
     for (int k = 0; k < 20 + content; ++k)
         contacts.Put({QStringLiteral("Person %1 %2").arg(content).arg(k),
                       QStringLiteral("p%1@x.org").arg(k), QStringLiteral("Caf\u00e9")});
@@ -203,6 +221,7 @@ void SaveContacts(Folder& folder, int content) {
 void SaveTerms(Folder& folder, int content) {
     UserPreferences prefs;
     modFUT terms(folder.services, prefs);
+    terms.ReadFrequentlyUsedTerms();
     QStringList list;
     for (int i = 0; i < 200 + 50 * content; ++i)
         list.append(QStringLiteral("Caf\u00e9 term %1 of list %2").arg(i).arg(content));
@@ -211,6 +230,7 @@ void SaveTerms(Folder& folder, int content) {
 
 void SaveBudget(Folder& folder, int content) {
     modBudget budget(folder.services);
+    budget.ReadBudget();
     Budgets budgets;
     for (int month = 0; month < 24 + 12 * content; ++month)
         budgets.insert(QDate(2020, 1, 1).addMonths(month), 100000 + 37 * month + content);

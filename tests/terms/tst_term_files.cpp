@@ -55,6 +55,7 @@ private slots:
         QFETCH(QByteArray, bytes);
         TestEnv env;
         env.write(kDefaultTermFile, "old\r\nlonger list\r\n");
+        QVERIFY(env.state->terms.ReadFrequentlyUsedTerms());
         QVERIFY(env.state->terms.SaveFrequentlyUsedTerms(terms));
         QCOMPARE(env.read(kDefaultTermFile), bytes);
         QVERIFY(env.state->terms.ReadFrequentlyUsedTerms());

@@ -179,11 +179,9 @@ bool frmEmailList::cmdSave_Click() {
         services_.dialogs.MsgBox(kAddressWithColon);
         return false;
     }
-    for (const QString& text : {person.name, person.address, person.note}) {
-        if (const auto character = textfile::FirstUnstorableCharacter(text)) {
-            services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*character));
-            return false;
-        }
+    if (const auto problem = ContactList::Problem(person)) {
+        services_.dialogs.MsgBox(*problem, kWarningStyle);
+        return false;
     }
     const qsizetype index = contacts_.Put(person);
     const bool saved = contacts_.SaveEmployeeInfo();

@@ -375,10 +375,7 @@ void frmBirthdays::cmdDelete_Click() {
 bool frmBirthdays::Store(QList<BirthdayRecord> records,
                          const std::optional<BirthdayRecord>& selected) {
     Sort(records, SortedByName());
-    QStringList lines;
-    for (const BirthdayRecord& record : records)
-        lines.append(FormatBirthdayLine(record));
-    if (!context_.birthdays.SaveBirthdays(lines, true))
+    if (!context_.birthdays.SaveBirthdays(records, true))
         return false;
     context_.birthdays.ReadBirthdays();
     EditRow(FillList(context_.birthdays.records, selected));

@@ -155,26 +155,15 @@ void frmHolidays::cmbYear_Click() {
 
 void frmHolidays::LoadHolidayList() {
     lstHolidays_->clear();
-    partlyRead_ = false;
-    std::optional<QStringList> lines;
-    const bool read = services_.Trap("LoadHolidayList", [&] {
-        lines = ReadHolidayLines(services_.AppFolder, selectedYear_);
-        if (lines) {
-            // Each line must split into its date and description; the first that does not
-            // ends the list.
-            for (const QString& line : *lines) {
-                SplitHolidayLine(line);
-                lstHolidays_->addItem(line);
-            }
-        }
-    });
-    partlyRead_ = !read;
-    if (read && !lines) {
+    HolidayList list = ReadHolidayList(services_, "LoadHolidayList", selectedYear_);
+    file_ = list.file;
+    if (!list.lines && !file_.PartlyRead()) {
         services_.dialogs.MsgBox(kNoHolidayListMessage + QString::number(selectedYear_));
         txtDesc_->clear();
         txtDate_->clear();
         return;
     }
+    lstHolidays_->addItems(list.lines.value_or(QStringList()));
     if (lstHolidays_->count() > 0) {
         lstHolidays_->setCurrentRow(0);
         ShowEntry(0);
@@ -260,19 +249,12 @@ void frmHolidays::mnuFileSave_Click() {
 }
 
 bool frmHolidays::SaveHolidayFile(const QStringList& lines) {
-    if (services_.RefuseSaveAfterPartialRead(partlyRead_, HolidayFileName(selectedYear_)))
+    file_.UseName(HolidayFileName(selectedYear_));
+    if (!SaveHolidayList(services_, "SaveHolidayFile", file_, lines))
         return false;
-    if (const auto character = textfile::FirstUnstorableCharacter(lines.join(QString()))) {
-        services_.dialogs.MsgBox(textfile::UnstorableCharacterMessage(*character), kWarningStyle);
-        return false;
-    }
-    const bool saved = services_.Trap("SaveHolidayFile",
-                                      [&] { SaveHolidayLines(services_, selectedYear_, lines); });
-    if (saved) {
-        changed_ = true;
-        ShowOnCalendar();
-    }
-    return saved;
+    changed_ = true;
+    ShowOnCalendar();
+    return true;
 }
 
 void frmHolidays::ShowOnCalendar() {

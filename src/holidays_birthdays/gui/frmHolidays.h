@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include "holidays_birthdays/gui/HolidaysBirthdaysContext.h"
+#include "shell/DataFile.h"
 #include "shell/gui/ChildWindow.h"
 
 class QComboBox;
@@ -57,7 +58,8 @@ private:
     int selectedYear_ = 0;
     bool changed_ = false;
     // The list could not be read to its end: it is not saved over.
-    bool partlyRead_ = false;
+    // The selected year's file as the list shown was read from it.
+    DataFile file_;
     QComboBox* cmbYear_;
     QListWidget* lstHolidays_;
     QLineEdit* txtDate_;

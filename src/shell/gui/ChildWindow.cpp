@@ -9,11 +9,14 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "shell/gui/OneLineBoxes.h"
+
 ChildWindow::ChildWindow(Services& services, const QString& name, const QString& caption,
                          QWidget* parent)
     : QWidget(parent), services_(services), body_(new QWidget) {
     setObjectName(name);
     setWindowTitle(caption);
+    KeepEveryBoxOnOneLine();
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);

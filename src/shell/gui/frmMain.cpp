@@ -18,6 +18,7 @@
 #include "shell/UserPreferences.h"
 #include "shell/gui/Accessibility.h"
 #include "shell/gui/Icons.h"
+#include "shell/gui/OneLineBoxes.h"
 
 namespace {
 
@@ -29,6 +30,7 @@ frmMain::frmMain(Services& services, ChangeFlags& changes, UserPreferences& pref
     : QMainWindow(parent), services_(services), changes_(changes), prefs_(prefs) {
     setObjectName(QStringLiteral("frmMain"));
     AccessibleNaming::Install();
+    KeepEveryBoxOnOneLine();
     setWindowTitle(QStringLiteral("Orvanta - Planner and Date Management"));
     setWindowIcon(icons::Orvanta());
     BuildPanels();
