@@ -1,6 +1,18 @@
 #include "FakeDialogs.h"
 
+#include <QTest>
+
 namespace {
+
+// The running test function with its data row, such as "save(empty)"; empty outside any test.
+QString RunningTest() {
+    const char* function = QTest::currentTestFunction();
+    if (!function)
+        return {};
+    const char* row = QTest::currentDataTag();
+    return row && *row ? QStringLiteral("%1(%2)").arg(QLatin1String(function), QLatin1String(row))
+                       : QString::fromLatin1(function);
+}
 
 QString Visible(QString text) {
     return text.replace(QStringLiteral("\r"), QStringLiteral("\\r"))
@@ -24,8 +36,20 @@ int DefaultAnswer(int style) {
 
 }  // namespace
 
+FakeDialogs::~FakeDialogs() {
+    if (Ok())
+        return;
+    const QString report = QStringLiteral("boxes other than the test expected:\n") + TakeProblems();
+    if (!QTest::currentTestFunction())
+        qFatal("%s", qPrintable(report));  // no test is running that could fail instead
+    else if (QTest::currentTestFailed())
+        qWarning("%s", qPrintable(report));  // the first failure stays the reported one
+    else
+        QTest::qFail(qPrintable(report), __FILE__, __LINE__);
+}
+
 FakeDialogs& FakeDialogs::Expect(Box box) {
-    expected_.append(std::move(box));
+    expected_.append({std::move(box), RunningTest()});
     return *this;
 }
 
@@ -56,10 +80,29 @@ FakeDialogs& FakeDialogs::ExpectColor(std::optional<quint32> answer) {
 }
 
 QString FakeDialogs::Problems() const {
-    QStringList all = problems_;
-    for (const Box& box : expected_)
-        all.append(QStringLiteral("expected but never shown: ") + Describe(box));
+    // An environment kept across test functions may report a problem in a later one; it then
+    // names the test function it came from.
+    const QString now = RunningTest();
+    QStringList all;
+    const auto add = [&](const QString& text, const QString& test) {
+        if (test == now)
+            all.append(text);
+        else
+            all.append(text + QStringLiteral("\n     in ") +
+                       (test.isEmpty() ? QStringLiteral("no test function") : test));
+    };
+    for (const Problem& problem : problems_)
+        add(problem.text, problem.test);
+    for (const Queued& queued : expected_)
+        add(QStringLiteral("expected but never shown: ") + Describe(queued.box), queued.test);
     return all.join(QLatin1Char('\n'));
+}
+
+QString FakeDialogs::TakeProblems() {
+    const QString problems = Problems();
+    expected_.clear();
+    problems_.clear();
+    return problems;
 }
 
 void FakeDialogs::Reset() {
@@ -71,10 +114,10 @@ void FakeDialogs::Reset() {
 std::optional<FakeDialogs::Box> FakeDialogs::Take(const Box& actual) {
     shown_.append(actual.title + QStringLiteral(" | ") + actual.text);
     if (expected_.isEmpty()) {
-        problems_.append(QStringLiteral("unexpected: ") + Describe(actual));
+        problems_.append({QStringLiteral("unexpected: ") + Describe(actual), RunningTest()});
         return std::nullopt;
     }
-    const Box expected = expected_.takeFirst();
+    const Box expected = expected_.takeFirst().box;
     // Pickers are matched by their kind alone; boxes by their text, style, title and default.
     const bool picker = actual.kind != Kind::Message && actual.kind != Kind::Input;
     const bool same =
@@ -82,8 +125,9 @@ std::optional<FakeDialogs::Box> FakeDialogs::Take(const Box& actual) {
         (picker || (expected.text == actual.text && expected.style == actual.style &&
                     expected.title == actual.title && expected.defaultText == actual.defaultText));
     if (!same) {
-        problems_.append(QStringLiteral("expected: ") + Describe(expected) +
-                         QStringLiteral("\n     shown: ") + Describe(actual));
+        problems_.append({QStringLiteral("expected: ") + Describe(expected) +
+                              QStringLiteral("\n     shown: ") + Describe(actual),
+                          RunningTest()});
     }
     return expected;
 }

@@ -11,9 +11,15 @@
 //
 //     env.dialogs.ExpectMsgBox("Log File not found.", vb::OKOnly, "");
 //     ...act...
-//     VERIFY_DIALOGS(env.dialogs);   // every expected box seen, nothing else shown
+//     VERIFY_DIALOGS(env.dialogs);   // optional: every expected box seen so far, nothing else
+//
+// A test need not check: when the fake goes away (with its TestEnv or MainWindowFixture, at the
+// end of the test function or in its cleanup) any problem left fails the running test, naming
+// each box. A test that has already failed gets the problems as a warning instead.
 class FakeDialogs final : public Dialogs {
 public:
+    ~FakeDialogs() override;
+
     enum class Kind { Message, Input, OpenFile, SaveFile, Color, Folder };
 
     struct Box {
@@ -40,6 +46,9 @@ public:
     bool Ok() const { return problems_.isEmpty() && expected_.isEmpty(); }
     // What went wrong, for the failure message.
     QString Problems() const;
+    // What went wrong, and forgets it (expected boxes not yet shown included), so that each
+    // problem is reported once.
+    QString TakeProblems();
     // Forgets expectations and problems.
     void Reset();
 
@@ -61,9 +70,25 @@ private:
     // The expected box matching what is shown now, or nullopt (problem recorded).
     std::optional<Box> Take(const Box& actual);
 
-    QList<Box> expected_;
-    QStringList problems_;
+    // A problem or an expected box, with the test function (and data row) it belongs to.
+    struct Problem {
+        QString text;
+        QString test;
+    };
+    struct Queued {
+        Box box;
+        QString test;
+    };
+
+    QList<Queued> expected_;
+    QList<Problem> problems_;
     QStringList shown_;
 };
 
-#define VERIFY_DIALOGS(fake) QVERIFY2((fake).Ok(), qPrintable((fake).Problems()))
+// Fails the running test when a box was not as expected so far; the problems are then
+// forgotten, so they are not reported again when the fake goes away.
+#define VERIFY_DIALOGS(fake)                                            \
+    do {                                                                \
+        const QString dialogProblems = (fake).TakeProblems();           \
+        QVERIFY2(dialogProblems.isEmpty(), qPrintable(dialogProblems)); \
+    } while (false)

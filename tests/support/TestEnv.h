@@ -18,6 +18,8 @@ struct TestEnv {
     explicit TestEnv(const QDateTime& now = QDateTime(QDate(2026, 9, 7), QTime(10, 30, 0)));
 
     QTemporaryDir dir;
+    // Outlives the program's state, so that a box shown while the program closes is seen too;
+    // when it goes it fails the running test on any box not as scripted.
     FakeDialogs dialogs;
     FakeClock clock;
     FakePlatform platform;

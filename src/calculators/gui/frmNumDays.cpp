@@ -16,6 +16,7 @@
 #include "calculators/DateDiff.h"
 #include "shell/DateFormats.h"
 #include "shell/DateInput.h"
+#include "shell/gui/FocusLoss.h"
 
 namespace {
 
@@ -129,7 +130,7 @@ void frmNumDays::txtEnd_KeyDown() {
 
 bool frmNumDays::eventFilter(QObject* watched, QEvent* event) {
     // A box left for a message box of this window's own is not checked again.
-    if (event->type() == QEvent::FocusOut && QApplication::activeModalWidget() == nullptr) {
+    if (IsFocusLoss(event) && QApplication::activeModalWidget() == nullptr) {
         if (watched == txtStart_)
             services_.Trap("txtStart_LostFocus", [this] { txtStart_LostFocus(); });
         else if (watched == txtEnd_)

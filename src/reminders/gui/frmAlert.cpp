@@ -2,7 +2,6 @@
 
 #include <QButtonGroup>
 #include <QComboBox>
-#include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -22,6 +21,7 @@
 #include "shell/DateInput.h"
 #include "shell/Services.h"
 #include "shell/ShellMessages.h"
+#include "shell/gui/FocusLoss.h"
 
 namespace {
 
@@ -50,14 +50,6 @@ QLabel* NamedLabel(const QString& name, const QString& caption) {
     auto* label = new QLabel(caption);
     label->setObjectName(name);
     return label;
-}
-
-bool IsFocusLoss(QEvent* event) {
-    if (event->type() != QEvent::FocusOut)
-        return false;
-    // Moving to another program or opening a menu is not leaving the box.
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
 }
 
 }  // namespace
