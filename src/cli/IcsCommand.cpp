@@ -8,6 +8,7 @@
 #include "cli/Commands.h"
 #include "cli/ConsoleSeams.h"
 #include "ical/IcalTransfer.h"
+#include "shell/InstanceLock.h"
 #include "shell/SafeSave.h"
 
 namespace cli {
@@ -142,12 +143,17 @@ int Ics(const QStringList& arguments, const QString& dataFolder, QTextStream& ou
     IcsOptions options;
     if (const QString problem = ParseIcsArguments(arguments, options); !problem.isEmpty())
         return Usage(err, problem);
+    const bool exporting = options.verb == QLatin1String("export");
+    const bool importing = options.verb == QLatin1String("import");
+    InstanceLock lock(dataFolder);
+    if ((exporting || (importing && options.yes)) && !HoldFolderForWriting(lock, err))
+        return kExitUsage;
     ConsoleSeams seams(err);
     ProgramState state(dataFolder, seams.dialogs, seams.clock, seams.platform);
     state.services.writesErrorLog = false;
     state.prefs.GetUserPreferences(state.services);
     state.markerColors.ReadMarkerColors(state.services);
-    if (options.verb == QLatin1String("export"))
+    if (exporting)
         return ExportIcs(state, options, out, err);
     QFile file(options.file);
     if (!file.open(QIODevice::ReadOnly)) {
