@@ -1,5 +1,5 @@
 // The commands that write: none writes while the window holds the data folder, whatever path
-// names the folder.
+// names the folder, and an import never writes a file it could not read whole, nor says "done".
 #include <QDirIterator>
 #include <QProcess>
 
@@ -109,6 +109,47 @@ private slots:
         QCOMPARE(Orvanta("link", {"ics", "import", path("add.ics"), "--years=2026", "--yes"}),
                  std::pair(0, QByteArray()));
         QVERIFY(QFile::exists(path("data/2026/Planner.dat")));
+    }
+
+    void importNeverWritesAFileItCouldNotReadWhole_data() {
+        QTest::addColumn<QString>("damaged");
+        QTest::addColumn<QString>("allDay");
+        QTest::addColumn<QString>("lastLine");
+        const QString inPart = "Imported in part; see the messages above.";
+        const QString nothing = "Nothing was written: Marker Colors.dat could not be read whole.";
+        QTest::newRow("planner file") << "2026/Planner.dat"
+                                      << "--holidays" << inPart;
+        QTest::newRow("notes file") << "2026/Notes.dat"
+                                    << "--holidays" << inPart;
+        QTest::newRow("marks file") << "2026Marks.dat"
+                                    << "--marks" << inPart;
+        QTest::newRow("marker colours, marks") << "Marker Colors.dat"
+                                               << "--marks" << nothing;
+        QTest::newRow("marker colours") << "Marker Colors.dat"
+                                        << "--holidays" << nothing;
+    }
+    void importNeverWritesAFileItCouldNotReadWhole() {
+        QFETCH(QString, damaged);
+        QFETCH(QString, allDay);
+        QFETCH(QString, lastLine);
+        TestEnv env;
+        env.write(damaged, "garbage\r\n");
+        const bool inPart = lastLine.startsWith("Imported");
+        QStringList command = {"ics", "import", path("add.ics"), "--years", "2026", allDay};
+        for (const bool yes : {false, true}) {
+            QString out, err;
+            QTextStream outStream(&out), errStream(&err);
+            QCOMPARE(cli::RunCommand(yes ? command << "--yes" : command, env.folder(), outStream,
+                                     errStream),
+                     1);
+            QCOMPARE(out.section('\n', -2, -2),
+                     yes ? lastLine : "Nothing was written; run again with --yes to import.");
+            if (inPart)
+                QVERIFY(err.contains(QString(damaged).replace('/', '\\') + " could not be read"));
+            QCOMPARE(env.read(damaged), "garbage\r\n");
+            // The other two files are written, unless the import depends on the damaged one.
+            QCOMPARE(FilesIn(env.folder()).size(), yes && inPart ? 3 : 1);
+        }
     }
 };
 
