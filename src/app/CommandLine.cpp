@@ -14,7 +14,13 @@ QString Description() {
     QString text = QStringLiteral(
         "Orvanta - Planner and Date Management: calendar, notes, daily planner, expenses and "
         "mileage.\n\nWithout a command Orvanta opens its window. A command reads the data "
-        "folder and prints to standard output, without a window; it never changes a file.\n\n"
+        "folder and prints to standard output, without a window. Three commands write, and "
+        "only these files: export and ics export write the FILE they are given; ics import "
+        "--yes writes the data folder's files that the import changes, each once: a year's "
+        "Planner.dat and Notes.dat, its holiday list (--holidays) or its marks file (--marks, "
+        "the old one kept as .bak). No other command creates or "
+        "changes a file. While Orvanta's window is open on the data folder, a writing command "
+        "writes nothing and exits with status 2.\n\n"
         "Commands:\n");
     for (const cli::CommandInfo& command : cli::Commands())
         text += QStringLiteral("  %1\n      %2\n").arg(command.usage, command.summary);

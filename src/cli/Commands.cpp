@@ -3,6 +3,9 @@
 #include <QFileInfo>
 #include <QTextStream>
 
+#include "cli/CliMessages.h"
+#include "shell/InstanceLock.h"
+
 namespace cli {
 
 const QList<CommandInfo>& Commands() {
@@ -34,6 +37,13 @@ const QList<CommandInfo>& Commands() {
          Search},
     };
     return commands;
+}
+
+bool HoldFolderForWriting(InstanceLock& lock, QTextStream& err) {
+    if (lock.TryAcquire())
+        return true;
+    err << kFolderInUseMessage << '\n';
+    return false;
 }
 
 int RunCommand(const QStringList& command, const QString& dataFolder, QTextStream& out,

@@ -6,14 +6,17 @@
 
 class QTextStream;
 
+class InstanceLock;
+
 // The commands of the program's command line. Each reads the data folder through the same
-// stores as the window, prints to out (UTF-8) and reports problems on err. None opens a window
-// or changes a file of the data folder, except an import (ics import --yes); export writes
-// only the file it is given.
+// stores as the window, prints to out (UTF-8) and reports problems on err. None opens a window.
+// Three write: ics import --yes (the data folder's files that the import changes), export and
+// ics export (only the file they are given). These hold the folder's lock, the window's own,
+// from before they read until they end; the others take no lock and work beside the window.
 namespace cli {
 
 // Exit statuses: done; the data could be read only in part (or, for a search, nothing was
-// found); the command line was wrong.
+// found); the command line was wrong, or a writing command found the folder open in the window.
 constexpr int kExitOk = 0;
 constexpr int kExitDataError = 1;
 constexpr int kExitNothingFound = 1;
@@ -28,6 +31,11 @@ struct CommandInfo {
 };
 
 const QList<CommandInfo>& Commands();
+
+// Takes the data folder for a command that writes. While another process (the window) holds
+// it, says so on err and returns false: the command then writes nothing and ends with
+// kExitUsage.
+bool HoldFolderForWriting(InstanceLock& lock, QTextStream& err);
 
 // Runs command (its name first, then its arguments) on dataFolder.
 int RunCommand(const QStringList& command, const QString& dataFolder, QTextStream& out,

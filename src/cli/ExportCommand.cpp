@@ -5,6 +5,7 @@
 #include "cli/Commands.h"
 #include "cli/ConsoleSeams.h"
 #include "notes_planner/ExternalFiles.h"
+#include "shell/InstanceLock.h"
 #include "shell/SafeSave.h"
 #include "shell/VbError.h"
 
@@ -45,6 +46,9 @@ int Export(const QStringList& arguments, const QString& dataFolder, QTextStream&
         return Usage(err,
                      QStringLiteral("\"%1\" is not a date written YYYY-MM-DD").arg(arguments[1]));
     const bool planner = kind == QLatin1String("planner");
+    InstanceLock lock(dataFolder);
+    if (!HoldFolderForWriting(lock, err))
+        return kExitUsage;
 
     ConsoleSeams seams(err);
     ProgramState state(dataFolder, seams.dialogs, seams.clock, seams.platform);

@@ -3,11 +3,13 @@
 // orvanta ics check FILE
 #include <QFile>
 #include <QTextStream>
+#include <functional>
 
 #include "app/ProgramState.h"
 #include "cli/Commands.h"
 #include "cli/ConsoleSeams.h"
 #include "ical/IcalTransfer.h"
+#include "shell/InstanceLock.h"
 #include "shell/SafeSave.h"
 
 namespace cli {
@@ -94,7 +96,16 @@ QString ParseIcsArguments(const QStringList& arguments, IcsOptions& options) {
     return {};
 }
 
-int ExportIcs(ProgramState& state, const IcsOptions& options, QTextStream& out, QTextStream& err) {
+// Runs read, a store's read of a settings file; true when it reported nothing, the file being
+// read whole.
+bool ReadWhole(const ConsoleDialogs& dialogs, const std::function<void()>& read) {
+    const int reported = dialogs.Count();
+    read();
+    return dialogs.Count() == reported;
+}
+
+int ExportIcs(ProgramState& state, const IcsOptions& options, bool settingsWhole, QTextStream& out,
+              QTextStream& err) {
     bool whole = true;
     const IcsExport exported = ExportDataFolder(state.services, state.prefs, options.range, &whole);
     if (!exported.problem.isEmpty()) {
@@ -105,13 +116,14 @@ int ExportIcs(ProgramState& state, const IcsOptions& options, QTextStream& out, 
                              [&] { safesave::Replace(options.file, exported.bytes); }))
         return kExitDataError;
     out << exported.components << " calendar entries written to " << options.file << '\n';
-    return whole ? kExitOk : kExitDataError;
+    return whole && settingsWhole ? kExitOk : kExitDataError;
 }
 
 // An import on the command line has no preview window: it prints what would change, and writes
-// it only with --yes.
+// it only with --yes. A file read only in part is never written, and the import then does not
+// end as done: it names what it did not write and ends with kExitDataError.
 int ImportIcs(ProgramState& state, const IcsOptions& options, const QByteArray& bytes,
-              QTextStream& out, QTextStream& err) {
+              const QStringList& unreadSettings, QTextStream& out, QTextStream& err) {
     const DateRange years = options.years.value_or(YearRange(state.services.clock.today().year()));
     const IcsContent content = ReadIcs(bytes, years, ImportZone(state.prefs));
     if (!content.problem.isEmpty()) {
@@ -121,9 +133,21 @@ int ImportIcs(ProgramState& state, const IcsOptions& options, const QByteArray& 
     const ImportPlan plan = PlanImport(state.services, content, options.allDay,
                                        state.markerColors.Color(MarkerColors::kHoliday));
     out << QString(PreviewText(plan)).replace(QStringLiteral("\r\n"), QStringLiteral("\n")) << '\n';
+    for (const QString& file : plan.unreadFiles)
+        err << "orvanta: " << file
+            << " could not be read whole: nothing is imported into it, and it is "
+               "not written\n";
+    const bool whole = plan.unreadFiles.isEmpty() && unreadSettings.isEmpty();
     if (!options.yes) {
         out << "Nothing was written; run again with --yes to import.\n";
-        return kExitOk;
+        return whole ? kExitOk : kExitDataError;
+    }
+    // The time zone and the Holiday mark's colour come from the settings: an import made
+    // without them whole could put every time or mark wrong, so nothing is written.
+    if (!unreadSettings.isEmpty()) {
+        out << "Nothing was written: " << unreadSettings.join(QStringLiteral(" and "))
+            << " could not be read whole.\n";
+        return kExitDataError;
     }
     if (plan.IsEmpty())
         return kExitNothingFound;
@@ -131,8 +155,12 @@ int ImportIcs(ProgramState& state, const IcsOptions& options, const QByteArray& 
     const bool written = ApplyImport(
         {state.services, state.planner, state.notes, state.holidays, state.marks, state.dates},
         plan);
-    out << (written ? "Imported.\n" : "Imported in part; see the messages above.\n");
-    return written ? kExitOk : kExitDataError;
+    if (written && whole) {
+        out << "Imported.\n";
+        return kExitOk;
+    }
+    out << "Imported in part; see the messages above.\n";
+    return kExitDataError;
 }
 
 }  // namespace
@@ -142,20 +170,26 @@ int Ics(const QStringList& arguments, const QString& dataFolder, QTextStream& ou
     IcsOptions options;
     if (const QString problem = ParseIcsArguments(arguments, options); !problem.isEmpty())
         return Usage(err, problem);
+    const bool exporting = options.verb == QLatin1String("export");
+    const bool importing = options.verb == QLatin1String("import");
+    InstanceLock lock(dataFolder);
+    if ((exporting || (importing && options.yes)) && !HoldFolderForWriting(lock, err))
+        return kExitUsage;
     ConsoleSeams seams(err);
     ProgramState state(dataFolder, seams.dialogs, seams.clock, seams.platform);
     state.services.writesErrorLog = false;
-    state.prefs.GetUserPreferences(state.services);
-    state.markerColors.ReadMarkerColors(state.services);
-    if (options.verb == QLatin1String("export"))
-        return ExportIcs(state, options, out, err);
+    const auto readPreferences = [&] {
+        return ReadWhole(seams.dialogs, [&] { state.prefs.GetUserPreferences(state.services); });
+    };
+    if (exporting)
+        return ExportIcs(state, options, readPreferences(), out, err);
     QFile file(options.file);
     if (!file.open(QIODevice::ReadOnly)) {
         err << "orvanta: " << options.file << " cannot be read\n";
         return kExitUsage;
     }
     const QByteArray bytes = file.readAll();
-    if (options.verb == QLatin1String("check")) {
+    if (!importing) {
         const QString problem = ValidateIcs(bytes);
         if (!problem.isEmpty()) {
             err << "orvanta: " << options.file << ": " << problem << '\n';
@@ -164,7 +198,12 @@ int Ics(const QStringList& arguments, const QString& dataFolder, QTextStream& ou
         out << options.file << ": valid iCalendar\n";
         return kExitOk;
     }
-    return ImportIcs(state, options, bytes, out, err);
+    QStringList unreadSettings;
+    if (!readPreferences())
+        unreadSettings << kUserPreferencesFile;
+    if (!ReadWhole(seams.dialogs, [&] { state.markerColors.ReadMarkerColors(state.services); }))
+        unreadSettings << kMarkerColorsFile;
+    return ImportIcs(state, options, bytes, unreadSettings, out, err);
 }
 
 }  // namespace cli

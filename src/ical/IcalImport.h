@@ -78,6 +78,8 @@ struct ImportPlan {
     QList<QDate> markDates;
     // What will be shortened, refused or left out, a sentence each.
     QStringList notices;
+    // The files that could not be read whole: nothing goes into them, and they are not written.
+    QStringList unreadFiles;
 
     bool IsEmpty() const {
         return pages.isEmpty() && notes.isEmpty() && holidayDates.isEmpty() && markDates.isEmpty();

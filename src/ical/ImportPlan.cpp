@@ -224,6 +224,8 @@ private:
                                    .arg(file);
         if (!plan_.notices.contains(notice))
             Notice(notice);
+        if (!plan_.unreadFiles.contains(file))
+            plan_.unreadFiles << file;
     }
 
     void Notice(const QString& notice) { plan_.notices << notice; }

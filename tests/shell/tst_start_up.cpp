@@ -1,11 +1,8 @@
 // Start-up: the files a new data folder receives, one running copy per data folder, and the
 // command line of the program itself.
-#include <signal.h>
-
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QSysInfo>
 
 #include "TestEnv.h"
 #include "TestPaths.h"
@@ -47,12 +44,6 @@ class StartUpTest : public QObject {
     Q_OBJECT
 
 private slots:
-    // Locks live in the user's runtime folder; the tests give them a private one.
-    void initTestCase() {
-        static QTemporaryDir runtime;
-        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
-    }
-
     void newDataFolderReceivesTheHelpTopicsButNothingIsOverwritten() {
         TestEnv env;
         QCOMPARE(InstallDefaultFiles(env.state->services).first(), "Help_Topics.txt");
@@ -68,43 +59,34 @@ private slots:
 
     void secondCopyOnTheSameFolderIsRefused_data() {
         QTest::addColumn<QString>("secondSpelling");  // relative to the temporary folder
-        QTest::newRow("same spelling") << "data";
-        QTest::newRow("dot segments") << "other/../data/.";
-        QTest::newRow("through a symbolic link") << "link";
+        QTest::addColumn<bool>("lockFile");  // the way of file systems without folder locks
+        for (const bool lockFile : {false, true}) {
+            const char* suffix = lockFile ? ", lock file" : "";
+            QTest::addRow("same spelling%s", suffix) << "data" << lockFile;
+            QTest::addRow("dot segments%s", suffix) << "other/../data/." << lockFile;
+            QTest::addRow("through a symbolic link%s", suffix) << "link" << lockFile;
+        }
     }
     void secondCopyOnTheSameFolderIsRefused() {
         QFETCH(QString, secondSpelling);
+        QFETCH(bool, lockFile);
+        const auto way = lockFile ? InstanceLock::Way::LockFile : InstanceLock::Way::Folder;
         QTemporaryDir root;
         QVERIFY(QDir(root.path()).mkpath("data") && QDir(root.path()).mkpath("other"));
         QVERIFY(QFile::link(root.filePath("data"), root.filePath("link")));
         FakeDialogs dialogs;
-        InstanceLock first(root.filePath("data"));
+        InstanceLock first(root.filePath("data"), way);
         QVERIFY(!RefuseSecondInstance(first, dialogs));
-        InstanceLock second(root.path() + "/" + secondSpelling);
+        InstanceLock second(root.path() + "/" + secondSpelling, way);
         dialogs.ExpectMsgBox(kSecondInstanceMessage, kWarningStyle, "");
         QVERIFY(RefuseSecondInstance(second, dialogs));
         VERIFY_DIALOGS(dialogs);
-        // The data folder itself holds no lock file.
+        // The folder's own lock writes nothing into it.
         QCOMPARE(QDir(root.filePath("data"))
                      .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-                 QStringList());
-    }
-
-    void lockOfACopyThatDiedIsTakenOver() {
-        QProcess child;
-        child.start("/bin/sh", {"-c", "exit 0"});
-        QVERIFY(child.waitForFinished());
-        const qint64 deadPid = child.processId();
-        if (::kill(pid_t(deadPid), 0) == 0)
-            QSKIP("the ended process id is in use again");
-        QTemporaryDir dir;
-        QFile stale(InstanceLock::LockPathFor(dir.path()));
-        QVERIFY(stale.open(QIODevice::WriteOnly));
-        stale.write(QByteArray::number(deadPid) + "\norvanta\n" +
-                    QSysInfo::machineHostName().toUtf8() + "\n");
-        stale.close();
-        InstanceLock lock(dir.path());
-        QVERIFY(lock.TryAcquire());
+                 lockFile ? QStringList{".orvanta.lock"} : QStringList());
+        first.Release();
+        QVERIFY(second.TryAcquire());
     }
 
     void versionHelpAndTheAdviceToUseXvfbNeedNoDisplay() {
