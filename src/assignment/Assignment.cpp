@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QUrl>
 
 #include "assignment/AssignmentMessages.h"
 #include "notes_planner/ExternalFiles.h"
@@ -11,7 +12,14 @@
 
 namespace {
 
-const QString kUrlLineBreak = QStringLiteral("%0A");
+// A text as it stands in an e-mail address: every character but the letters, the digits, "-",
+// ".", "_", "~" and those in keep is written as "%" and the hex digits of its UTF-8 bytes, so
+// that a "%", "#", "&", "?", "+" or "=" that the user typed stays part of the text instead of
+// ending the subject or the body. A line break (CR LF) becomes one "%0A".
+QString UrlText(QString text, const QByteArray& keep = {}) {
+    text.replace(kCrLf, QStringLiteral("\n"));
+    return QString::fromLatin1(QUrl::toPercentEncoding(text, keep));
+}
 
 // The sub-folder name of parent, in the letter case it has on disk, made when missing.
 QString SubFolder(const QString& parent, const QString& name) {
@@ -31,15 +39,15 @@ QString EmailSubject(const AssignmentState& state) {
 }
 
 QString EmailBody(const AssignmentState& state) {
-    QString body = state.body;
     if (state.exportWaiting)
-        body = state.filePath + kUrlLineBreak + kUrlLineBreak + kOpenWithOrvanta;
-    return body.replace(kCrLf, kUrlLineBreak);
+        return state.filePath + kCrLf + kCrLf + kOpenWithOrvanta;
+    return state.body;
 }
 
 QString MailtoAddress(const AssignmentState& state) {
-    return QStringLiteral("mailto:") + state.address + QStringLiteral("?subject=") +
-           EmailSubject(state) + QStringLiteral("&body=") + EmailBody(state);
+    // The "@" of an address and the "," between addresses keep their meaning.
+    return QStringLiteral("mailto:") + UrlText(state.address, "@,") + QStringLiteral("?subject=") +
+           UrlText(EmailSubject(state)) + QStringLiteral("&body=") + UrlText(EmailBody(state));
 }
 
 QString AssignFile(const QString& shareFolder, const QString& person, const QString& path) {

@@ -13,13 +13,15 @@ struct AssignmentState {
 };
 
 // The subject and body the e-mail goes out with: an empty subject takes the default one; a
-// waiting export replaces the body with the file's path and a request to open it with the
-// program; line breaks are written "%0A".
+// waiting export replaces the body with the file's path, a blank line and a request to open
+// it with the program.
 QString EmailSubject(const AssignmentState& state);
 QString EmailBody(const AssignmentState& state);
 
-// "mailto:" + address + "?subject=" + subject + "&body=" + body, encoded no further: the
-// e-mail program takes the texts as they are.
+// "mailto:" + address + "?subject=" + subject + "&body=" + body, the three texts written as
+// an address holds them: "%" and two hex digits for each UTF-8 byte of any character but a
+// letter, a digit or "-._~" (and the "@" and "," of the address), every line break "%0A". The
+// result is plain ASCII, ready as it is for the desktop's e-mail handler.
 QString MailtoAddress(const AssignmentState& state);
 
 // Copies the file at path into person's folder on the share, "Planners And Notes/<person>/"

@@ -34,10 +34,6 @@ inline const QString kBadFilePathMessage = QStringLiteral("Bad file path.");
 inline const QString kTooShortProblem = QStringLiteral("it is too short to hold a date");
 inline const QString kNoDateProblem =
     QStringLiteral("it does not begin with a date written mm/dd/yy and \":\"");
-inline const QString kWrongLengthProblem =
-    QStringLiteral("a planner file holds exactly 4,109 bytes");
-inline const QString kNotARecordProblem =
-    QStringLiteral("what follows the date is not a planner page");
 // "The file Plan.pln could not be opened as a planner file: <problem>. Nothing was opened."
 inline QString DamagedFileMessage(ExternalKind kind, const QString& path, const QString& problem) {
     return QStringLiteral("The file ") + QFileInfo(path).fileName() +

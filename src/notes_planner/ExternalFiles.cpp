@@ -5,7 +5,6 @@
 
 #include "notes_planner/ExternalFileMessages.h"
 #include "shell/DateFormats.h"
-#include "shell/DateInput.h"
 #include "shell/Files.h"
 #include "shell/Prompts.h"
 #include "shell/SafeSave.h"
@@ -16,8 +15,6 @@ namespace {
 
 constexpr qsizetype kDateKeyLength = 8;
 constexpr qsizetype kHeaderLength = kDateKeyLength + 1;
-constexpr qsizetype kLineLength = 160;
-constexpr qsizetype kDoneMarksAt = 4090;
 
 QByteArray Header(const QDate& date) {
     return datefmt::MmDdYy(date).toLatin1() + ':';
@@ -37,39 +34,6 @@ std::optional<QDate> HeaderDate(QByteArrayView bytes, int nearYear, QString* pro
     if (!date.isValid() || bytes[kDateKeyLength] != ':')
         return refuse(kNoDateProblem);
     return date;
-}
-
-// A record as the planner writes it: every time field empty or a time (after the "B" of a
-// bold one), every done mark 243, 245 or blank, and no control character anywhere.
-bool LooksLikeRecord(QByteArrayView record) {
-    for (const char byte : record)
-        if (static_cast<unsigned char>(byte) < 0x20)
-            return false;
-    for (int line = 0; line < kAppointmentLines; ++line) {
-        QByteArrayView time = record.sliced(line * kLineLength, 10);
-        if (time.startsWith('B'))
-            time = time.sliced(1);
-        const QString text = QString::fromLatin1(time).trimmed();
-        if (!text.isEmpty() && !ParseTimeInput(text).isValid())
-            return false;
-    }
-    for (qsizetype at = kDoneMarksAt; at < kDoneMarksAt + kPlannerToDoItems; ++at) {
-        const auto mark = static_cast<unsigned char>(record[at]);
-        if (mark != kDoneMark && mark != kNotDoneMark && mark != ' ')
-            return false;
-    }
-    return true;
-}
-
-// The record of a page's file: what follows the header, allowing one line end after it, which
-// a file passed through a mail program or an editor may have gained.
-QByteArrayView RecordPart(QByteArrayView bytes) {
-    QByteArrayView rest = bytes.sliced(kHeaderLength);
-    if (rest.endsWith("\r\n"))
-        rest.chop(2);
-    else if (rest.endsWith('\n'))
-        rest.chop(1);
-    return rest;
 }
 
 QString NativeFolder(const QString& folder) {
@@ -116,14 +80,12 @@ std::optional<ExternalPage> ParseExternalPlanner(QByteArrayView bytes, int nearY
     const std::optional<QDate> date = HeaderDate(bytes, nearYear, problem);
     if (!date)
         return std::nullopt;
-    const QByteArrayView record = RecordPart(bytes);
-    if (record.size() != kPlannerRecordLength || !LooksLikeRecord(record)) {
-        if (problem)
-            *problem =
-                record.size() != kPlannerRecordLength ? kWrongLengthProblem : kNotARecordProblem;
-        return std::nullopt;
-    }
-    return ExternalPage{*date, ParsePlannerRecord(textfile::Decode(record))};
+    // The rest is read as any planner record is: a short one gives blank slots and items not
+    // done, and what lies past its 4,100 characters (a line end a mail program added) is not
+    // looked at. Whatever a field holds, a tab or a time the planner would not offer, is shown.
+    const QByteArrayView record = bytes.sliced(kHeaderLength);
+    return ExternalPage{*date, ParsePlannerRecord(textfile::Decode(
+                                   record.first(std::min(record.size(), kPlannerRecordLength))))};
 }
 
 std::optional<ExternalNote> ParseExternalNotes(QByteArrayView bytes, int nearYear,

@@ -27,8 +27,8 @@ QString ExternalExtension(ExternalKind kind);
 QByteArray ExternalPlannerBytes(const QDate& date, const PlannerPage& page);
 QByteArray ExternalNotesBytes(const QDate& date, const QString& text);
 
-// A file read back. problem tells why a file was refused: shorter than a date and ":", a date
-// that is not one, or (for a page) bytes that are not a planner record.
+// A file read back. Only its start is checked: a file that does not begin with "mm/dd/yy:" is
+// refused, and problem tells why (shorter than that, or no date there).
 struct ExternalPage {
     QDate date;
     PlannerPage page;

@@ -9,7 +9,8 @@ class Platform {
 public:
     virtual ~Platform() = default;
 
-    // Opens a web address or a "mailto:" draft with the desktop's default handler.
+    // Opens a web address or a "mailto:" draft with the desktop's default handler. url is
+    // given encoded, as it is sent: ASCII, with every other byte written "%" and two hex digits.
     virtual bool OpenUrl(const QString& url) = 0;
     virtual void Beep() = 0;
     virtual bool PrinterPresent() = 0;

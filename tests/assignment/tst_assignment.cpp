@@ -48,33 +48,45 @@ class AssignmentTest : public QObject {
     Q_OBJECT
 
 private slots:
+    // Every text is escaped, so that nothing the user types ends the subject or the body.
     void mailtoAddress_data() {
+        QTest::addColumn<QString>("address");
         QTest::addColumn<QString>("subject");
         QTest::addColumn<QString>("body");
         QTest::addColumn<QString>("exported");
         QTest::addColumn<QString>("mailto");
-        QTest::newRow("typed message") << "Lunch"
-                                       << "one\r\ntwo"
-                                       << ""
-                                       << "mailto:a b@x.org?subject=Lunch&body=one%0Atwo";
-        QTest::newRow("empty subject, nothing encoded")
+        QTest::newRow("% # & ? + = and non-ASCII")
+            << "ann@x.org"
+            << "R&D = 50% off?"
+            << "100% #1 & a+b=c?\r\nCaf\u00e9 \u2713"
             << ""
-            << "R&D? 100%"
+            << "mailto:ann@x.org?subject=R%26D%20%3D%2050%25%20off%3F&body=100%25%20%231%20%26%20"
+               "a%2Bb%3Dc%3F%0ACaf%C3%A9%20%E2%9C%93";
+        QTest::newRow("address with blanks and ?, empty subject")
+            << "a b?@x.org, c@y.org"
             << ""
-            << "mailto:a b@x.org?subject=Orvanta Assignment For You&body=R&D? 100%";
+            << ""
+            << ""
+            << "mailto:a%20b%3F@x.org,%20c@y.org?subject=Orvanta%20Assignment%20For%20You&body=";
         QTest::newRow("a waiting export replaces the body")
+            << "ann@x.org"
             << "S"
             << "typed"
-            << "/d/My Plan.pln"
-            << "mailto:a b@x.org?subject=S&body=/d/My Plan.pln%0A%0APlease save the attached "
-               "file and open it with Orvanta.";
+            << "/d/My Plan #2.pln"
+            << "mailto:ann@x.org?subject=S&body=%2Fd%2FMy%20Plan%20%232.pln%0A%0APlease%20save%20"
+               "the%20attached%20file%20and%20open%20it%20with%20Orvanta.";
     }
     void mailtoAddress() {
+        QFETCH(QString, address);
         QFETCH(QString, subject);
         QFETCH(QString, body);
         QFETCH(QString, exported);
-        const AssignmentState state{exported, "a b@x.org", subject, body, !exported.isEmpty()};
-        QTEST(MailtoAddress(state), "mailto");
+        QFETCH(QString, mailto);
+        const AssignmentState state{exported, address, subject, body, !exported.isEmpty()};
+        QCOMPARE(MailtoAddress(state), mailto);
+        // The desktop's handler is given these very bytes.
+        QCOMPARE(QUrl::fromEncoded(mailto.toLatin1(), QUrl::StrictMode).toEncoded(),
+                 mailto.toLatin1());
     }
 
     // The exported page lands in the person's folder under "Planners And Notes" on the share,
@@ -107,11 +119,11 @@ private slots:
 
         f.env.dialogs.ExpectMsgBox(kAttachReminder, vb::OKOnly, "");
         f.Click("cmdOpenEmail");
-        QCOMPARE(
-            f.env.platform.openedUrls,
-            QStringList{"mailto:bob@x.org?subject=Orvanta Assignment For You&body=" + exported +
-                        "%0A%0APlease save the attached file and open it with "
-                        "Orvanta."});
+        const QString body =
+            exported + "\n\nPlease save the attached file and open it with Orvanta.";
+        QCOMPARE(f.env.platform.openedUrls,
+                 QStringList{"mailto:bob@x.org?subject=Orvanta%20Assignment%20For%20You&body=" +
+                             QUrl::toPercentEncoding(body)});
         VERIFY_DIALOGS(f.env.dialogs);
     }
 
@@ -141,14 +153,26 @@ private slots:
         QVERIFY(!QFileInfo::exists(share));
     }
 
-    void emailClientFailureIsReported() {
+    // What is typed reaches the e-mail program as typed; a program that does not open is
+    // reported.
+    void typedMessageGoesOutEscaped() {
         AssignFixture f("");
         f.menu("mnuManageEmailList")->trigger();
+        f.List().Control<QListWidget>("lstNames")->setCurrentRow(0);
+        QTest::keyClicks(f.List().Control<QLineEdit>("txtSubject"), "50% off #1");
+        auto* message = f.List().Control<QPlainTextEdit>("txtMessage");
+        QTest::keyClicks(message, "a&b=c?");
+        QTest::keyClick(message, Qt::Key_Return);
+        QTest::keyClicks(message, "d+e ");
+        message->insertPlainText("\u00e9");
         f.env.platform.openFails = true;
         f.env.dialogs.ExpectMsgBox(kEmailClientFailed, kWarningStyle, "");
         f.Click("cmdOpenEmail");
         VERIFY_DIALOGS(f.env.dialogs);
-        QCOMPARE(f.env.platform.openedUrls.size(), 1);
+        QCOMPARE(
+            f.env.platform.openedUrls,
+            QStringList{"mailto:ann@x.org?subject=50%25%20off%20%231&body=a%26b%3Dc%3F%0Ad%2Be%20"
+                        "%C3%A9"});
     }
 
     void plannerIsPastedIntoMessage() {

@@ -16,6 +16,8 @@
 #include "notes_planner/modPlanner.h"
 #include "shell/TextFile.h"
 
+Q_DECLARE_METATYPE(PlannerPage)
+
 namespace {
 
 const QDate kToday(2026, 9, 7);
@@ -77,37 +79,58 @@ private slots:
         QCOMPARE(ExternalNotesBytes(QDate(2026, 3, 7), "a\r\nb\u00e9"), "03/07/26:a\r\nb\xe9");
     }
 
-    void damagedFilesAreRefused_data() {
+    // Only the date at the start is checked; the rest is read as any planner record is.
+    void onlyTheDateIsChecked_data() {
         QTest::addColumn<bool>("planner");
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("problem");
+        QTest::addColumn<PlannerPage>("page");
         const QByteArray good = Planner();
-        QByteArray badTime = good, badMark = good, control = good;
-        badTime.replace(9, 10, "25:00 AM  ");
-        badMark[4100] = 'x';
-        control[500] = '\0';
-        QTest::newRow("page") << true << good << "";
+        const PlannerPage sample = SamplePage();
+        PlannerPage badTime = sample, notDone = sample, tab = sample;
+        badTime.times[0] = "25:00 AM";
+        badTime.bold[0] = false;
+        notDone.done[0] = false;
+        tab.slotTexts[0] = "Room\t4";
+        QByteArray badMark = good;
+        badMark[9 + 4090] = 'x';
+        QTest::newRow("page") << true << good << "" << sample;
         QTest::newRow("page + CR LF") << true << good + "\r\n"
-                                      << "";
-        QTest::newRow("one byte short") << true << good.chopped(1) << kWrongLengthProblem;
-        QTest::newRow("one byte long") << true << good + "x" << kWrongLengthProblem;
-        QTest::newRow("no colon") << true << QByteArray(good).replace(8, 1, ";") << kNoDateProblem;
-        QTest::newRow("no such day") << true << "02/30/26:" + good.mid(9) << kNoDateProblem;
-        QTest::newRow("bad time") << true << badTime << kNotARecordProblem;
-        QTest::newRow("bad done mark") << true << badMark << kNotARecordProblem;
-        QTest::newRow("control byte") << true << control << kNotARecordProblem;
-        QTest::newRow("empty") << true << QByteArray() << kTooShortProblem;
-        QTest::newRow("note") << false << QByteArray("03/07/26:") << "";
-        QTest::newRow("note without colon") << false << QByteArray("03/07/26") << kTooShortProblem;
+                                      << "" << sample;
+        QTest::newRow("one byte short") << true << good.chopped(1) << "" << sample;
+        QTest::newRow("date and one line")
+            << true << QByteArray("03/07/26:B06:00 AM Dentist") << "" << notDone;
+        QTest::newRow("date only") << true << QByteArray("03/07/26:") << "" << PlannerPage{};
+        QTest::newRow("no time") << true << QByteArray(good).replace(9, 10, "25:00 AM  ") << ""
+                                 << badTime;
+        QTest::newRow("bad done mark") << true << badMark << "" << notDone;
+        QTest::newRow("own export of a tab")
+            << true << ExternalPlannerBytes(QDate(2026, 3, 7), tab) << "" << tab;
+        QTest::newRow("no colon") << true << QByteArray(good).replace(8, 1, ";") << kNoDateProblem
+                                  << PlannerPage{};
+        QTest::newRow("no such day")
+            << true << "02/30/26:" + good.mid(9) << kNoDateProblem << PlannerPage{};
+        QTest::newRow("empty") << true << QByteArray() << kTooShortProblem << PlannerPage{};
+        QTest::newRow("note") << false << QByteArray("03/07/26:") << "" << PlannerPage{};
+        QTest::newRow("note without colon")
+            << false << QByteArray("03/07/26") << kTooShortProblem << PlannerPage{};
     }
-    void damagedFilesAreRefused() {
+    void onlyTheDateIsChecked() {
         QFETCH(bool, planner);
         QFETCH(QByteArray, bytes);
         QFETCH(QString, problem);
+        QFETCH(PlannerPage, page);
         QString why;
-        const bool read = planner ? ParseExternalPlanner(bytes, 2026, &why).has_value()
-                                  : ParseExternalNotes(bytes, 2026, &why).has_value();
-        QCOMPARE(read, problem.isEmpty());
+        if (planner) {
+            const auto read = ParseExternalPlanner(bytes, 2026, &why);
+            QCOMPARE(read.has_value(), problem.isEmpty());
+            if (read) {
+                QCOMPARE(read->date, QDate(2026, 3, 7));
+                QVERIFY(read->page == page);
+            }
+        } else {
+            QCOMPARE(ParseExternalNotes(bytes, 2026, &why).has_value(), problem.isEmpty());
+        }
         QCOMPARE(why, problem);
     }
 
@@ -166,7 +189,7 @@ private slots:
         ExportFixture f;
         f.env.write("Mine.nte", "03/07/26:first\r\nsecond");
         f.env.write("Page.pln", Planner());
-        f.env.write("Short.pln", "03/07/26:");
+        f.env.write("Undated.pln", "3/7/26: Dentist");
         f.menu("mnuOptDateOpenNotes")->trigger();
         frmNotes& notes = *f.window.notesPlanner->notesWindow();
         f.env.dialogs.ExpectOpenFile(f.env.path("Mine.nte"));
@@ -177,10 +200,10 @@ private slots:
         notes.Control<QAction>("mnuFileImport")->trigger();
         QCOMPARE(f.window.notesPlanner->plannerWindow()->page().Box(0)->text(), "Dentist");
         // A damaged file is refused with what is wrong, and the page shown stays.
-        f.env.dialogs.ExpectOpenFile(f.env.path("Short.pln"))
+        f.env.dialogs.ExpectOpenFile(f.env.path("Undated.pln"))
             .ExpectMsgBox(
-                "The file Short.pln could not be opened as a planner file: a planner "
-                "file holds exactly 4,109 bytes. Nothing was opened.",
+                "The file Undated.pln could not be opened as a planner file: it does not begin "
+                "with a date written mm/dd/yy and \":\". Nothing was opened.",
                 kWarningStyle, "");
         f.window.notesPlanner->plannerWindow()->mnuFileImport_Click();
         QCOMPARE(f.window.notesPlanner->plannerWindow()->page().Box(0)->text(), "Dentist");

@@ -1,11 +1,13 @@
 // The term window: its refusals, the clearing question, the auto-complete switch and the
 // window's place kept in the preferences.
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTest>
 
 #include "MainWindowFixture.h"
+#include "shell/TextFile.h"
 #include "terms/TermMessages.h"
 #include "terms/gui/TermMenus.h"
 #include "terms/gui/frmFUT.h"
@@ -73,6 +75,47 @@ private slots:
         VERIFY_DIALOGS(f.env.dialogs);
         QCOMPARE(f.env.read(kDefaultTermFile), file);
         QCOMPARE(window->Control<QListWidget>("lstFUT")->count(), file.isEmpty() ? 0 : 2);
+    }
+
+    // A term with a character the file cannot hold is refused, whether it was added (from the
+    // term window or from a notes or planner box, both through the editor), edited or changed
+    // in case; the list stays as its file has it, so the next change is saved as usual.
+    void termTheFileCannotHoldLeavesTheList_data() {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("refused");  // the character named
+        QTest::newRow("added") << "cmdOpt_0"
+                               << "\u2713";
+        QTest::newRow("edited") << "cmdOpt_1"
+                                << "\u2713";
+        // The capital of the micro sign is the Greek capital Mu.
+        QTest::newRow("changed in case") << "cmdCase"
+                                         << "\u039c";
+    }
+    void termTheFileCannotHoldLeavesTheList() {
+        QFETCH(QString, command);
+        QFETCH(QString, refused);
+        const QByteArray terms = "\xb5m\r\nBeta";
+        MainWindowFixture f;
+        f.env.write(kDefaultTermFile, terms);
+        f.Start();
+        frmFUT* window = OpenTermWindow(f);
+        auto* list = window->Control<QListWidget>("lstFUT");
+        list->setCurrentRow(0);
+        f.env.dialogs.ExpectMsgBox(textfile::UnstorableCharacterMessage(refused), kWarningStyle,
+                                   {});
+        Choose(window, command);
+        if (QWidget* editor = f.frame().ChildWindow("frmEditFUT")) {
+            FindControl<QLineEdit>(editor, "txtTerm")->setText("Tick \u2713");
+            FindControl<QPushButton>(editor, "cmdSave")->click();
+            QCOMPARE(FindControl<QLineEdit>(editor, "txtTerm")->text(), "Tick \u2713");
+        }
+        VERIFY_DIALOGS(f.env.dialogs);
+        QCOMPARE(f.env.read(kDefaultTermFile), terms);
+        QCOMPARE(list->count(), 2);
+        QCOMPARE(list->item(0)->text(), "\u00b5m");
+        list->setCurrentRow(1);
+        Choose(window, "cmdOpt_2");
+        QCOMPARE(f.env.read(kDefaultTermFile), "\xb5m");
     }
 
     void autoCompleteSwitchIsRemembered() {

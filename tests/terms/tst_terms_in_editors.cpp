@@ -38,6 +38,22 @@ QWidget* EditorBox(MainWindowFixture& f, bool notes, const QString& text, int ca
     return line;
 }
 
+// The terms on offer in box after typing typed into it.
+QStringList Offered(MainWindowFixture& f, QWidget* box, const QString& typed) {
+    if (auto* line = qobject_cast<QLineEdit*>(box))
+        line->clear();
+    else
+        static_cast<QPlainTextEdit*>(box)->clear();
+    box->setFocus();
+    QTest::keyClicks(box, typed);
+    QCompleter* completer = f.window.terms->boxes().CompleterOf(box);
+    QStringList shown;
+    if (completer && completer->popup()->isVisible())
+        for (int row = 0; row < completer->completionCount(); ++row)
+            shown.append(completer->completionModel()->index(row, 0).data().toString());
+    return shown;
+}
+
 QString TextOf(QWidget* box) {
     if (auto* line = qobject_cast<QLineEdit*>(box))
         return line->text();
@@ -110,21 +126,33 @@ private slots:
         if (!autoComplete)
             f.env.write("UserPreferences.txt", "Auto Complete Word:False\r\n");
         f.Start();
-        f.env.state->terms.ReadFrequentlyUsedTerms();
         QWidget* box = EditorBox(f, notes, {}, 0);
-        box->setFocus();
-        QTest::keyClicks(box, typed);
-        QCompleter* completer = f.window.terms->boxes().CompleterOf(box);
-        QStringList shown;
-        if (completer && completer->popup()->isVisible())
-            for (int row = 0; row < completer->completionCount(); ++row)
-                shown.append(completer->completionModel()->index(row, 0).data().toString());
-        QCOMPARE(shown, offered);
+        QCOMPARE(Offered(f, box, typed), offered);
         if (offered.isEmpty())
             return;
+        QCompleter* completer = f.window.terms->boxes().CompleterOf(box);
         QTest::keyClick(completer->popup(), Qt::Key_Tab);
         QCOMPARE(TextOf(box), afterTab);
         QVERIFY(!completer->popup()->isVisible());
+    }
+
+    // The offers are the current term file as it is now: read without the term window, read
+    // again once the file changed or another file was chosen.
+    void offersFollowTheTermFile() {
+        MainWindowFixture f;
+        f.env.write(kDefaultTermFile, "Acme Corporation");
+        f.env.write("Sales.fut", "Acorn\r\nAce");
+        f.Start();
+        QWidget* box = EditorBox(f, false, {}, 0);
+        QCOMPARE(Offered(f, box, "ac"), QStringList{"Acme Corporation"});
+        f.env.write(kDefaultTermFile, "Acme Corporation\r\nAccounts");
+        QCOMPARE(Offered(f, box, "ac"), (QStringList{"Acme Corporation", "Accounts"}));
+        f.env.state->terms.SetCurrentFile("Sales.fut");
+        QCOMPARE(Offered(f, box, "ac"), (QStringList{"Acorn", "Ace"}));
+        // A list not made yet offers nothing, and typing does not make it.
+        f.env.state->terms.SetCurrentFile("New.fut");
+        QCOMPARE(Offered(f, box, "ac"), QStringList{});
+        QVERIFY(!f.env.exists("New.fut"));
     }
 
     void f2PutsInThePickedTermAndF3KeepsTheWord() {

@@ -12,7 +12,9 @@
 #include "shell/VbError.h"
 
 bool DesktopPlatform::OpenUrl(const QString& url) {
-    return QDesktopServices::openUrl(QUrl(url));
+    // Taken as it is: read as plain text, a "%" that escapes nothing would make QUrl write
+    // every "%" of the address anew, and a "#" would start a fragment.
+    return QDesktopServices::openUrl(QUrl::fromEncoded(url.toUtf8(), QUrl::StrictMode));
 }
 
 void DesktopPlatform::Beep() {

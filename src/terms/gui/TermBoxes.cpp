@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
@@ -13,6 +14,7 @@
 #include <QStringListModel>
 #include <QTextBlock>
 
+#include "shell/Files.h"
 #include "shell/Services.h"
 #include "shell/UserPreferences.h"
 #include "terms/TermText.h"
@@ -129,8 +131,7 @@ void TermBoxes::Offer(QWidget* box) {
             completer->popup()->hide();
         return;
     }
-    if (model_->stringList() != terms_.Terms())
-        model_->setStringList(terms_.Terms());
+    FollowTermFile();
     completer = MakeCompleter(box);
     completer->setCompletionPrefix(word);
     const bool offers = completer->completionCount() > 0 &&
@@ -143,6 +144,23 @@ void TermBoxes::Offer(QWidget* box) {
     caret.setWidth(completer->popup()->sizeHintForColumn(0) +
                    completer->popup()->verticalScrollBar()->sizeHint().width() + 8);
     completer->complete(caret);
+}
+
+void TermBoxes::FollowTermFile() {
+    QString path;
+    TermFileStamp now;
+    if (FileExists(services_.AppFolder, terms_.CurrentFile(), &path)) {
+        const QFileInfo file(path);
+        now = {file.absoluteFilePath(), file.lastModified(), file.size()};
+    }
+    if (now == offeredFrom_)
+        return;
+    offeredFrom_ = now;
+    // A list that does not exist yet offers nothing; it is not made by typing.
+    if (now.path.isEmpty() || !terms_.ReadFrequentlyUsedTerms())
+        model_->setStringList({});
+    else
+        model_->setStringList(terms_.Terms());
 }
 
 bool TermBoxes::TakeOffer(QWidget* box, bool firstIfNonePicked) {

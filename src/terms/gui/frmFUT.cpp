@@ -165,10 +165,17 @@ QString frmFUT::SelectedTerm() const {
     return item && item->isSelected() ? item->text() : QString();
 }
 
-bool frmFUT::SaveList() {
+QStringList frmFUT::ListedTerms() const {
     QStringList list;
     for (int row = 0; row < lstFUT_->count(); ++row)
         list.append(lstFUT_->item(row)->text());
+    return list;
+}
+
+// The list on show only ever changes after its file took the change: a term with a character
+// the file cannot hold, or a write that failed, leaves the list as the file has it (and the
+// term in the editor), so that the next change is saved as usual.
+bool frmFUT::SaveTerms(const QStringList& list) {
     // The last term removed empties the file: the user asked for the list to be empty.
     if (list.isEmpty())
         return context_.terms.ClearFrequentlyUsedTerms();
@@ -176,23 +183,27 @@ bool frmFUT::SaveList() {
 }
 
 void frmFUT::mnuFileSave_Click() {
-    QStringList list;
-    for (int row = 0; row < lstFUT_->count(); ++row)
-        list.append(lstFUT_->item(row)->text());
-    context_.terms.SaveFrequentlyUsedTerms(list);
+    context_.terms.SaveFrequentlyUsedTerms(ListedTerms());
 }
 
 bool frmFUT::SaveEditedTerm(const QString& term) {
-    if (editRow_ >= 0 && editRow_ < lstFUT_->count()) {
-        lstFUT_->item(editRow_)->setText(term);
-        lstFUT_->setCurrentRow(editRow_);
-        // "Save and Continue" goes on with new terms.
-        editRow_ = -1;
-    } else {
+    QStringList list = ListedTerms();
+    const bool editing = editRow_ >= 0 && editRow_ < list.size();
+    const int row = editing ? editRow_ : int(list.size());
+    if (editing)
+        list[row] = term;
+    else
+        list.append(term);
+    if (!SaveTerms(list))
+        return false;
+    if (editing)
+        lstFUT_->item(row)->setText(term);
+    else
         lstFUT_->addItem(term);
-        lstFUT_->setCurrentRow(lstFUT_->count() - 1);
-    }
-    return SaveList();
+    lstFUT_->setCurrentRow(row);
+    // "Save and Continue" goes on with new terms.
+    editRow_ = -1;
+    return true;
 }
 
 void frmFUT::OpenEditor(const QString& term) {
@@ -227,8 +238,10 @@ void frmFUT::cmdOpt_Click(int index) {
         OpenEditor(lstFUT_->item(row)->text());
         return;
     }
-    delete lstFUT_->takeItem(row);
-    SaveList();
+    QStringList list = ListedTerms();
+    list.removeAt(row);
+    if (SaveTerms(list))
+        delete lstFUT_->takeItem(row);
 }
 
 void frmFUT::PreferencesChanged() {
@@ -246,9 +259,10 @@ void frmFUT::cmdCase_Click() {
         services_.dialogs.MsgBox(kNothingToEdit);
         return;
     }
-    QListWidgetItem* item = lstFUT_->item(row);
-    item->setText(NextLetterCase(item->text()));
-    SaveList();
+    QStringList list = ListedTerms();
+    list[row] = NextLetterCase(list[row]);
+    if (SaveTerms(list))
+        lstFUT_->item(row)->setText(list[row]);
 }
 
 void frmFUT::mnuEditClear_Click() {
@@ -258,8 +272,8 @@ void frmFUT::mnuEditClear_Click() {
     }
     if (services_.dialogs.MsgBox(kClearQuestion, kQuestionStyle, kClearTitle) != vb::Yes)
         return;
-    lstFUT_->clear();
-    context_.terms.ClearFrequentlyUsedTerms();
+    if (context_.terms.ClearFrequentlyUsedTerms())
+        lstFUT_->clear();
 }
 
 void frmFUT::SwitchTo(const QString& name) {

@@ -74,7 +74,8 @@ private:
     void BuildMenus();
     void BuildControls();
     void ReadFrequentlyUsedTerms();
-    bool SaveList();
+    QStringList ListedTerms() const;
+    bool SaveTerms(const QStringList& list);
     bool SaveEditedTerm(const QString& term);
     void ShowAutoCompleteCaption();
     void OpenEditor(const QString& term);
