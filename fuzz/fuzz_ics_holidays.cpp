@@ -1,6 +1,7 @@
 // The iCalendar holiday reader on any bytes: no crash or leak, and what it gives is either a
-// refusal without holidays, or holidays of the year asked for, in date order, each with a
-// summary on one line.
+// refusal without holidays (for bytes past the size limits, that refusal), or holidays of the
+// year asked for, in date order, each with a summary on one line. fuzz/run.sh adds a calendar
+// with a line past the limit to the seeds.
 #include "FuzzSupport.h"
 #include "holidays_birthdays/IcsHolidays.h"
 
@@ -9,6 +10,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QByteArray bytes =
         QByteArray::fromRawData(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const IcsImport read = HolidaysFromIcs(bytes, kYear);
+    const QString beyondLimits = IcsLimitProblem(bytes);
+    fuzz::Check(beyondLimits.isEmpty() || read.problem == beyondLimits,
+                "bytes past the limits are refused for them");
     if (!read.problem.isEmpty()) {
         fuzz::Check(read.holidays.isEmpty(), "a refused file gives no holidays");
         fuzz::Check(!read.problem.contains(QLatin1Char('\n')), "the problem is one line");

@@ -1,7 +1,9 @@
 // The iCalendar import on any bytes, up to its preview: no crash or leak; a refused file brings
-// nothing; whatever it brings, the preview is worked out against a data folder with a planner
-// page and a note without writing a byte into it.
+// nothing, and bytes past the size limits are refused for them; whatever it brings, the preview
+// is worked out against a data folder with a planner page and a note without writing a byte into
+// it. fuzz/run.sh adds a calendar with a line past the limit to the seeds.
 #include "FuzzSupport.h"
+#include "holidays_birthdays/IcsHolidays.h"
 #include "ical/IcalImport.h"
 #include "ical/IcalTransfer.h"
 #include "notes_planner/PlannerRecord.h"
@@ -48,6 +50,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QByteArray bytes =
         QByteArray::fromRawData(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const IcsContent content = ReadIcs(bytes, YearRange(2026), QTimeZone::utc());
+    const QString beyondLimits = IcsLimitProblem(bytes);
+    fuzz::Check(beyondLimits.isEmpty() || content.problem == beyondLimits,
+                "bytes past the limits are refused for them");
     if (!content.problem.isEmpty()) {
         fuzz::Check(content.events.isEmpty() && content.toDos.isEmpty() &&
                         content.journals.isEmpty() && content.allDay.isEmpty(),

@@ -1,13 +1,13 @@
 // orvanta ics export FILE [--from YYYY-MM-DD] [--to YYYY-MM-DD]
 // orvanta ics import FILE [--years YYYY[-YYYY]] [--holidays | --marks] [--yes]
 // orvanta ics check FILE
-#include <QFile>
 #include <QTextStream>
 #include <functional>
 
 #include "app/ProgramState.h"
 #include "cli/Commands.h"
 #include "cli/ConsoleSeams.h"
+#include "holidays_birthdays/IcsHolidays.h"
 #include "ical/IcalTransfer.h"
 #include "shell/InstanceLock.h"
 #include "shell/SafeSave.h"
@@ -183,12 +183,12 @@ int Ics(const QStringList& arguments, const QString& dataFolder, QTextStream& ou
     };
     if (exporting)
         return ExportIcs(state, options, readPreferences(), out, err);
-    QFile file(options.file);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const std::optional<QByteArray> read = ReadIcsFile(options.file);
+    if (!read) {
         err << "orvanta: " << options.file << " cannot be read\n";
         return kExitUsage;
     }
-    const QByteArray bytes = file.readAll();
+    const QByteArray& bytes = *read;
     if (!importing) {
         const QString problem = ValidateIcs(bytes);
         if (!problem.isEmpty()) {

@@ -56,3 +56,29 @@ inline QString IcsImportedMessage(qsizetype count, int year) {
                ? QStringLiteral("1 holiday was added to the %1 list.").arg(year)
                : QStringLiteral("%1 holidays were added to the %2 list.").arg(count).arg(year);
 }
+
+// A limit of the iCalendar reader as the user reads it: "64 MB", "256 KB".
+inline QString IcsLimitText(qsizetype bytes) {
+    return bytes >= (qsizetype{1} << 20) ? QStringLiteral("%1 MB").arg(bytes >> 20)
+                                         : QStringLiteral("%1 KB").arg(bytes >> 10);
+}
+inline QString IcsFileTooLargeMessage(qsizetype limit) {
+    return QStringLiteral(
+               "The iCalendar file is larger than %1, more than any calendar holds; it was not "
+               "read.")
+        .arg(IcsLimitText(limit));
+}
+inline QString IcsLineTooLongMessage(qsizetype line, qsizetype limit) {
+    return QStringLiteral(
+               "Line %1 of the iCalendar file is longer than %2, more than any calendar line "
+               "holds; the file was not read.")
+        .arg(line)
+        .arg(IcsLimitText(limit));
+}
+inline QString IcsFoldedLineTooLongMessage(qsizetype line, qsizetype limit) {
+    return QStringLiteral(
+               "Line %1 of the iCalendar file, joined with the lines that continue it, is longer "
+               "than %2, more than any calendar line holds; the file was not read.")
+        .arg(line)
+        .arg(IcsLimitText(limit));
+}

@@ -2,12 +2,16 @@
 
 #include <libical/ical.h>
 
+#include <QFile>
 #include <QHash>
 #include <QSet>
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <set>
 #include <vector>
+
+#include "holidays_birthdays/HolidaysBirthdaysMessages.h"
 
 namespace {
 
@@ -186,8 +190,64 @@ std::set<QDate> EventDates(icalcomponent* event, const QDate& start, int year,
 
 }  // namespace
 
+QString IcsLimitProblem(QByteArrayView bytes) {
+    if (bytes.size() > kIcsMaxFileBytes)
+        return IcsFileTooLargeMessage(kIcsMaxFileBytes);
+    const char* const data = bytes.data();
+    const qsizetype size = bytes.size();
+    qsizetype number = 0;
+    qsizetype unfoldedNumber = 0;
+    qsizetype unfoldedLength = 0;
+    for (qsizetype at = 0; at < size;) {
+        ++number;
+        // The line's end is looked for no further than a line may run (and its CR LF): a line
+        // that has none that near is too long, however far it goes on.
+        const qsizetype span = std::min(size - at, kIcsMaxLineBytes + 2);
+        const auto* end = static_cast<const char*>(std::memchr(data + at, '\n', span));
+        qsizetype length = end ? end - (data + at) : span;
+        const qsizetype next = at + length + (end ? 1 : 0);
+        if (length > 0 && data[at + length - 1] == '\r')
+            --length;
+        if (length > kIcsMaxLineBytes)
+            return IcsLineTooLongMessage(number, kIcsMaxLineBytes);
+        // A continuation line adds its text without the blank or tab that folds it.
+        if (number > 1 && length > 0 && (data[at] == ' ' || data[at] == '\t')) {
+            unfoldedLength += length - 1;
+        } else {
+            unfoldedNumber = number;
+            unfoldedLength = length;
+        }
+        if (unfoldedLength > kIcsMaxUnfoldedLineBytes)
+            return IcsFoldedLineTooLongMessage(unfoldedNumber, kIcsMaxUnfoldedLineBytes);
+        at = next;
+    }
+    return {};
+}
+
+std::optional<QByteArray> ReadIcsFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    if (!file.isSequential() && file.size() <= kIcsMaxFileBytes)
+        return file.readAll();
+    // Too large, or of a size not known beforehand (a pipe): read piece by piece up to one byte
+    // past the limit.
+    QByteArray bytes;
+    while (bytes.size() <= kIcsMaxFileBytes) {
+        const QByteArray piece =
+            file.read(std::min<qsizetype>(qsizetype{1} << 20, kIcsMaxFileBytes + 1 - bytes.size()));
+        if (piece.isEmpty())
+            break;
+        bytes += piece;
+    }
+    return bytes;
+}
+
 IcsImport HolidaysFromIcs(const QByteArray& bytes, int year) {
     IcsImport result;
+    result.problem = IcsLimitProblem(bytes);
+    if (!result.problem.isEmpty())
+        return result;
     QByteArray text = bytes.startsWith("\xEF\xBB\xBF") ? bytes.mid(3) : bytes;
     text = text.trimmed();
     if (text.left(15).toUpper() != "BEGIN:VCALENDAR") {

@@ -55,9 +55,10 @@ struct IcsContent {
     QStringList leftOut;
 };
 
-// Reads bytes as iCalendar. Events with a time are taken in zone (their own zone's time
-// converted; floating times as they are); an event that repeats gives each occurrence within
-// range (a rule repeating more often than daily gives its first occurrence only).
+// Reads bytes as iCalendar; bytes past the limits of IcsLimitProblem are refused before libical
+// reads them. Events with a time are taken in zone (their own zone's time converted; floating
+// times as they are); an event that repeats gives each occurrence within range (a rule repeating
+// more often than daily gives its first occurrence only).
 IcsContent ReadIcs(const QByteArray& bytes, const DateRange& range, const QTimeZone& zone);
 
 // ---- what an import changes ----------------------------------------------------------------
@@ -115,6 +116,7 @@ struct ImportStores {
 // failed (already reported); the others are written.
 bool ApplyImport(ImportStores stores, const ImportPlan& plan);
 
-// Why libical would not take bytes back (a line it cannot parse, or a component breaking the
-// standard's rules), naming the line; empty when it takes them whole.
+// Why libical would not take bytes back (bytes past the limits of IcsLimitProblem, a line it
+// cannot parse, or a component breaking the standard's rules), naming the line; empty when it
+// takes them whole.
 QString ValidateIcs(const QByteArray& bytes);

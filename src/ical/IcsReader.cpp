@@ -294,7 +294,8 @@ QString WithLineNumber(const QString& problem, const QByteArray& bytes) {
 
 IcsContent ReadIcs(const QByteArray& bytes, const DateRange& range, const QTimeZone& zone) {
     IcsContent content;
-    // The holiday reader refuses what is not iCalendar and names a line libical cannot parse.
+    // The holiday reader refuses bytes past the size limits before libical sees them, refuses
+    // what is not iCalendar, and names a line libical cannot parse.
     const QList<int> rangeYears = [&] {
         QList<int> years;
         for (int year = range.from.year(); year <= range.to.year(); ++year)

@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "TestEnv.h"
+#include "holidays_birthdays/HolidaysBirthdaysMessages.h"
 #include "holidays_birthdays/IcsHolidays.h"
 
 namespace {
@@ -66,6 +67,31 @@ private slots:
                 "BEGIN:VCALENDAR|BEGIN:VEVENT|DTSTART;VALUE=DATE:20261225|SUMMARY Christmas Day|"
                 "END:VEVENT|END:VCALENDAR|");
         refused("no end", "incomplete", "BEGIN:VCALENDAR|BEGIN:VEVENT|END:VEVENT|");
+
+        // Line 5 of the calendar below runs to the limit with its text (and CR LF), or one byte
+        // past it; or it goes on over folded lines of 75 bytes past the limit of a folded line;
+        // or short lines take the file past its limit.
+        const auto withText = [](const QByteArray& text) {
+            return Crlf(
+                       "BEGIN:VCALENDAR|BEGIN:VEVENT|DTSTART;VALUE=DATE:20261225|"
+                       "SUMMARY:Christmas Day|DESCRIPTION:") +
+                   text + Crlf("|END:VEVENT|END:VCALENDAR|");
+        };
+        const qsizetype textRoom = kIcsMaxLineBytes - qsizetype(sizeof "DESCRIPTION:") + 1;
+        QTest::newRow("a line at the limit")
+            << withText(QByteArray(textRoom, 'a')) << 2026 << QString()
+            << QStringList{"2026-12-25 Christmas Day"};
+        QTest::newRow("a line past the limit")
+            << withText(QByteArray(textRoom + 1, 'a')) << 2026
+            << IcsLineTooLongMessage(5, kIcsMaxLineBytes) << QStringList();
+        const qsizetype folds = (kIcsMaxUnfoldedLineBytes - textRoom) / 74 + 1;
+        QTest::newRow("a folded line past the limit")
+            << withText(QByteArray(textRoom, 'a') +
+                        QByteArray("\r\n ").append(74, 'b').repeated(folds))
+            << 2026 << IcsFoldedLineTooLongMessage(5, kIcsMaxUnfoldedLineBytes) << QStringList();
+        QTest::newRow("a file past the limit")
+            << withText(QByteArray("\r\nX-A:").append(71, 'c').repeated(kIcsMaxFileBytes / 77 + 1))
+            << 2026 << IcsFileTooLargeMessage(kIcsMaxFileBytes) << QStringList();
     }
     void holidaysFromIcs() {
         QFETCH(QByteArray, bytes);

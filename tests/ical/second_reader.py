@@ -1,13 +1,14 @@
 #!/usr/bin/python3
 """An exported year of a generated data folder, read by a second iCalendar reader.
 
-Generates a folder, exports 2026 with `orvanta ics export`, has libical check the file
-(`orvanta ics check`), parses it with Python's icalendar module (Debian python3-icalendar) and
-checks what it holds, then imports it into an empty folder and compares the appointment lines
-of every page with the generated ones.
+Generates a folder (and adds a holiday and a birthday to its alerts), exports 2026 with
+`orvanta ics export`, has libical check the file (`orvanta ics check`), parses it with Python's
+icalendar module (Debian python3-icalendar) and checks what it holds, then imports it into an
+empty folder and compares the appointment lines of every page with the generated ones.
 
 usage: second_reader.py ORVANTA GEN_DATA_FOLDER
 """
+import datetime
 import pathlib
 import subprocess
 import sys
@@ -40,6 +41,9 @@ with tempfile.TemporaryDirectory() as tmp:
     target.mkdir()
     ics = pathlib.Path(tmp, "2026.ics")
     run(generate, str(source), "2026", "1")
+    (source / "Holidays").mkdir()
+    (source / "Holidays" / "2026Holidays.dat").write_bytes(b"12/25/26:Christmas Day\r\n")
+    (source / "Birthdays.dat").write_bytes(b"03/15:07:Mary Smith:1960\r\n")
     run(orvanta, "--data-dir", str(source), "ics", "export", str(ics),
         "--from", "2026-01-01", "--to", "2026-12-31")
     run(orvanta, "--data-dir", str(source), "ics", "check", str(ics))
@@ -60,6 +64,18 @@ with tempfile.TemporaryDirectory() as tmp:
     assert first.decoded("DTEND").isoformat() == "2026-01-01T07:00:00", first.decoded("DTEND")
     for event in events:
         assert event.decoded("DTEND") > event.decoded("DTSTART"), event["UID"]
+
+    # Holidays, birthdays and alerts last their whole day: a date, ending (DTEND, or DTSTART
+    # and a DURATION) on the next day, never on its own start.
+    for kind in ("holiday", "birthday", "alert"):
+        all_day = [e for e in calendar.walk("VEVENT") if str(e["UID"]).startswith(kind + "-")]
+        assert all_day, f"the file holds {kind} events"
+        for event in all_day:
+            start = event.decoded("DTSTART")
+            end = (event.decoded("DTEND") if "DTEND" in event
+                   else start + event.decoded("DURATION"))
+            assert type(start) is datetime.date, (event["UID"], start)
+            assert end == start + datetime.timedelta(days=1), (event["UID"], start, end)
 
     # Without --yes the import only tells what it would change.
     out = run(orvanta, "--data-dir", str(target), "ics", "import", str(ics), "--years", "2026")

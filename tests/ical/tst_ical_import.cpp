@@ -6,6 +6,9 @@
 
 #include "MainWindowFixture.h"
 #include "TestEnv.h"
+#include "cli/Commands.h"
+#include "holidays_birthdays/HolidaysBirthdaysMessages.h"
+#include "holidays_birthdays/IcsHolidays.h"
 #include "ical/IcalImport.h"
 #include "ical/IcalMessages.h"
 #include "ical/IcalTransfer.h"
@@ -163,6 +166,34 @@ private slots:
                     YearRange(2026), QTimeZone::utc());
         QVERIFY2(broken.problem.contains("BADLINE") && broken.problem.endsWith("(line 7)."),
                  qPrintable(broken.problem));
+    }
+
+    // A line too long for libical's line reader is refused before libical sees it, by the
+    // menu's import and by the command line's check and import (exit status 2, the reason on
+    // standard error), and nothing is written.
+    void aFileWithAnOverlongLineIsRefusedUnread() {
+        TestEnv env;
+        WriteDay(env);
+        env.write("one-line.ics", "BEGIN:VCALENDAR\r\nX-DATA:" + QByteArray(1 << 20, 'a') +
+                                      "\r\nEND:VCALENDAR\r\n");
+        const QString path = env.path("one-line.ics");
+        const QString problem = IcsLineTooLongMessage(2, kIcsMaxLineBytes);
+        const QMap<QString, QByteArray> before = FilesOf(env.folder());
+        for (const QStringList& command :
+             {QStringList{"ics", "check", path}, QStringList{"ics", "import", path, "--yes"}}) {
+            QString out, err;
+            QTextStream outStream(&out), errStream(&err);
+            QCOMPARE(cli::RunCommand(command, env.folder(), outStream, errStream), cli::kExitUsage);
+            QCOMPARE(err, "orvanta: " + path + ": " + problem + "\n");
+        }
+        frmMain frame(env.state->services, env.state->changes, env.state->prefs);
+        ICalMenus menus(frame, {env.state->services, env.state->prefs, env.state->dates,
+                                env.state->planner, env.state->notes, env.state->holidays,
+                                env.state->marks, env.state->markerColors});
+        env.dialogs.ExpectMsgBox(problem, kWarningStyle, kImportICalTitle);
+        menus.ImportFile(path);
+        VERIFY_DIALOGS(env.dialogs);
+        QCOMPARE(FilesOf(env.folder()), before);
     }
 
     // The preview comes before any writing: No leaves every file as it was; Yes writes the

@@ -271,13 +271,13 @@ void frmHolidays::mnuFileImportIcs_Click() {
         QStringLiteral("iCalendar files (*.ics);;All files (*)"));
     if (path.isEmpty())
         return;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const std::optional<QByteArray> bytes = ReadIcsFile(path);
+    if (!bytes) {
         services_.dialogs.MsgBox(IcsUnreadableMessage(QDir::toNativeSeparators(path)),
                                  kWarningStyle);
         return;
     }
-    const IcsImport found = HolidaysFromIcs(file.readAll(), selectedYear_);
+    const IcsImport found = HolidaysFromIcs(*bytes, selectedYear_);
     if (!found.problem.isEmpty()) {
         services_.dialogs.MsgBox(found.problem, kWarningStyle);
         return;

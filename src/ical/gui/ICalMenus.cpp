@@ -1,11 +1,11 @@
 #include "ical/gui/ICalMenus.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
+#include "holidays_birthdays/IcsHolidays.h"
 #include "ical/IcalMessages.h"
 #include "ical/IcalTransfer.h"
 #include "notes_planner/gui/frmNotes.h"
@@ -60,12 +60,12 @@ void ICalMenus::mnuFileImportICal_Click() {
 
 void ICalMenus::ImportFile(const QString& path) {
     Dialogs& dialogs = stores_.services.dialogs;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const std::optional<QByteArray> read = ReadIcsFile(path);
+    if (!read) {
         dialogs.MsgBox(ICalUnreadableMessage(path), kWarningStyle, kImportICalTitle);
         return;
     }
-    const QByteArray bytes = file.readAll();
+    const QByteArray& bytes = *read;
     const QTimeZone zone = ImportZone(stores_.prefs);
     DateRange range = YearRange(stores_.dates.ThisYear);
     IcsContent content = ReadIcs(bytes, range, zone);
