@@ -2,21 +2,15 @@
 
 #include <cmath>
 
-#include "calendar/DateModel.h"
+#include "notes_planner/DatedFile.h"
 #include "notes_planner/modPlanner.h"
 #include "shell/NumberFormat.h"
 #include "shell/Services.h"
 #include "shell/UserPreferences.h"
 
-Report MakeReport(Services& services, const PlannerStore& planner, const DateModel& dates,
-                  ReportKind kind, const ReportPeriod& period, double rate) {
+Report MakeReport(Services& services, ReportKind kind, const ReportPeriod& period, double rate) {
     Report report{kind, period, {}, rate};
     const int year = period.start.year();
-    if (dates.ThisYear && (year == dates.ThisYear || year == dates.ThisYear + 1)) {
-        const Year slot = year == dates.ThisYear ? Year::This : Year::Next;
-        report.rows = BuildReportRows(kind, planner.years[slot], year, period);
-        return report;
-    }
     DatedEntries entries;
     services.Trap("ReadThisYearsPlanner",
                   [&] { ReadDatedFile(services.AppFolder, year, kPlannerFile, entries); });

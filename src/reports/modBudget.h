@@ -6,8 +6,6 @@
 #include <array>
 #include <optional>
 
-class DateModel;
-class PlannerStore;
 class Services;
 
 inline const QString kBudgetFile = QStringLiteral("Budget.dat");
@@ -33,9 +31,8 @@ QString BudgetFileText(const Budgets& budgets);
 bool ParseBudgetText(const QString& text, std::optional<qint64>& cents);
 
 // The expense report's total of each month of year (January first): the report of each month
-// made from the same planner pages and added up the same way.
-std::array<double, 12> MonthlyExpenses(Services& services, const PlannerStore& planner,
-                                       const DateModel& dates, int year);
+// made from the year's planner file and added up the same way.
+std::array<double, 12> MonthlyExpenses(Services& services, int year);
 
 // The monthly budgets of every year, kept in "Budget.dat" in the data folder.
 class modBudget {

@@ -86,14 +86,14 @@ private slots:
         VERIFY_DIALOGS(env.dialogs);
     }
 
-    // For the year on show (pages in memory) and another year (read from its file).
+    // For the year on show and another year, both read from their files.
     void spentIsTheExpenseReportTotalOfTheMonth_data() {
         QTest::addColumn<int>("year");
         QTest::addColumn<int>("month");
-        QTest::newRow("loaded year, March") << 2026 << 3;
-        QTest::newRow("loaded year, February") << 2026 << 2;
-        QTest::newRow("leap year from its file, February") << 2024 << 2;
-        QTest::newRow("year from its file, April") << 2024 << 4;
+        QTest::newRow("year on show, March") << 2026 << 3;
+        QTest::newRow("year on show, February") << 2026 << 2;
+        QTest::newRow("another leap year, February") << 2024 << 2;
+        QTest::newRow("another year, April") << 2024 << 4;
     }
     void spentIsTheExpenseReportTotalOfTheMonth() {
         QFETCH(int, year);

@@ -156,14 +156,18 @@ private slots:
         QCOMPARE(Text(window, "lblDesc", 0), "Eleven");
     }
 
-    // One edit open at a time; Enter keeps the text and totals again, and the planner's page
-    // stays as it was.
+    // The report reads the year's file as it is now, though the calendar holds that year; the
+    // calendar's pages stay as they were read. One edit open at a time; Enter keeps the text
+    // and totals again, and the planner's page stays as it was.
     void expenseRowEditedInPlace() {
         MainWindowFixture f;
+        f.env.write("2026/Planner.dat", PageLine(QDate(2026, 9, 1), {{"Before", "1"}}));
+        f.Start();
         const QByteArray file = PageLine(QDate(2026, 9, 1), {{"Taxi", "12.50"}, {"Lunch", "7.25"}});
         f.env.write("2026/Planner.dat", file);
-        f.Start();
         ReportWindow* window = MonthReport(f, "mnuFileOpenExpenses", 9, 2026);
+        QCOMPARE(Text(window, "lblDesc", 0), "Taxi");
+        QVERIFY(f.env.state->planner.years[Year::This].payloads.value(0).contains("Before"));
         Press(window, "lblAmt", 0);
         auto* editor = window->Control<QLineEdit>("txtAmt");
         QVERIFY(editor->isVisible());

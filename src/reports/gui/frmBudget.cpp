@@ -12,7 +12,6 @@
 #include <QVBoxLayout>
 #include <cmath>
 
-#include "calendar/DateModel.h"
 #include "reports/ReportMessages.h"
 #include "reports/gui/BudgetChart.h"
 #include "shell/NumberFormat.h"
@@ -175,7 +174,7 @@ const BudgetFigures& frmBudget::Figures() const {
 
 void frmBudget::ShowYear(int year) {
     year_ = year;
-    spent_ = MonthlyExpenses(services_, context_.planner, context_.dates, year);
+    spent_ = MonthlyExpenses(services_, year);
     filling_ = true;
     spnYear_->setValue(year);
     filling_ = false;
