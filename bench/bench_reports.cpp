@@ -18,7 +18,6 @@
 #include <cstdio>
 #include <cstring>
 #include <functional>
-#include <numeric>
 #include <vector>
 
 #include "app/ProgramState.h"
@@ -118,8 +117,8 @@ int main(int argc, char** argv) {
              readSize = file.readAll().size();
          },
          [&] {
-             const auto months = MonthlyExpenses(state.services, year);
-             spent = std::accumulate(months.cbegin(), months.cend(), 0.0);
+             for (const ReportTotal& month : MonthlyExpenses(state.services, year))
+                 spent += month.sum;
          }});
 
     std::printf(

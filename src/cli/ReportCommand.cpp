@@ -106,6 +106,10 @@ int PrintReport(const QStringList& arguments, const QString& dataFolder, QTextSt
     // The CSV's line ends are CR LF within the text itself; the stream writes them as they are.
     out << (options.csv ? CsvText(report) : PlainText(report));
     out.flush();
+    // Figures that are no number are listed as written; the total, and the CSV's reader, are
+    // told how many it leaves out.
+    if (const qsizetype leftOut = report.Total(0, report.rows.size()).leftOut)
+        err << "orvanta: " << LeftOutNote(report.kind, leftOut) << ".\n";
     if (seams.dialogs.Count() != 0)
         return kExitDataError;
     return report.rows.isEmpty() ? kExitNothingFound : kExitOk;

@@ -17,5 +17,8 @@ Report MakeReport(Services& services, ReportKind kind, const ReportPeriod& perio
 // The mileage rate kept in the preferences; 0 when none (or no number of at least zero) is
 // set.
 double MileageRate(const UserPreferences& prefs);
-// The rate typed, when it is a number of at least zero (blank is none, 0).
+// The rate typed, when it is a number of at least zero, written as an amount may be
+// ("$0.70"); blank is none, 0.
 std::optional<double> ParseMileageRate(const QString& text);
+// A rate as the box shows it and the preferences keep it: "0.70", or "0.655".
+QString RateText(double rate);

@@ -6,6 +6,8 @@
 #include <array>
 #include <optional>
 
+#include "reports/Report.h"
+
 class Services;
 
 inline const QString kBudgetFile = QStringLiteral("Budget.dat");
@@ -31,8 +33,8 @@ QString BudgetFileText(const Budgets& budgets);
 bool ParseBudgetText(const QString& text, std::optional<qint64>& cents);
 
 // The expense report's total of each month of year (January first): the report of each month
-// made from the year's planner file and added up the same way.
-std::array<double, 12> MonthlyExpenses(Services& services, int year);
+// made from the year's planner file and added up the same way, with what each left out.
+std::array<ReportTotal, 12> MonthlyExpenses(Services& services, int year);
 
 // The monthly budgets of every year, kept in "Budget.dat" in the data folder.
 class modBudget {
