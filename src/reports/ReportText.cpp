@@ -33,9 +33,18 @@ void AppendCsvField(QString& csv, QStringView field, bool last) {
         csv += u',';
 }
 
-// Appends a text as written.
+// Appends a text as written: one that begins as a spreadsheet formula would ("=", "+", "-",
+// "@", a tab or a carriage return) gets a leading apostrophe, so that a spreadsheet shows it
+// as text instead of running it.
 void AppendCsvText(QString& csv, QStringView text, bool last) {
-    AppendCsvField(csv, text, last);
+    static const QString kFormulaStarts = QStringLiteral("=+-@\t\r");
+    if (text.isEmpty() || !kFormulaStarts.contains(text.front())) {
+        AppendCsvField(csv, text, last);
+        return;
+    }
+    QString guarded(1, u'\'');
+    guarded += text;
+    AppendCsvField(csv, guarded, last);
 }
 
 void AppendCsvLine(QString& csv, const QStringList& fields) {

@@ -114,7 +114,8 @@ private slots:
         QCOMPARE(report.TotalText(0, report.rows.size()), total);
     }
 
-    // A row's cells in the CSV: figures as the numbers they count for, texts as written.
+    // A row's cells in the CSV: figures as the numbers they count for, texts as written, and
+    // a text that a spreadsheet would run as a formula behind an apostrophe.
     void csvCells_data() {
         QTest::addColumn<QString>("description");
         QTest::addColumn<QString>("amount");
@@ -123,7 +124,11 @@ private slots:
             {"Hotel", "1,234.50", "Hotel,1234.50"},
             {"Refund", "-$5", "Refund,-5.00"},
             {"Taxi", "7 for the taxi", "Taxi,7 for the taxi"},
-            {"Lunch, \"Chez Marie\"", "", "\"Lunch, \"\"Chez Marie\"\"\","}};
+            {"=HYPERLINK(\"x\")", "=1+2", "\"'=HYPERLINK(\"\"x\"\")\",'=1+2"},
+            {"+cmd", "@SUM(A1)", "'+cmd,'@SUM(A1)"},
+            {"-Deposit", "", "'-Deposit,"},
+            {"\tx", "\ry", "'\tx,\"'\ry\""},
+            {"a=b-c", "", "a=b-c,"}};
         for (const auto& [description, amount, line] : cases)
             QTest::addRow("%s", line) << description << amount << line;
     }
