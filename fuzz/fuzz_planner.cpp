@@ -49,7 +49,7 @@ void CheckReports(const PlannerStore& planner) {
             fuzz::Check(filled, "no blank line listed");
         }
         for (int page = 1; page <= report.Pages(); ++page)
-            report.FormatTotal(report.Sum(report.PageBegin(page), report.PageEnd(page)));
+            report.TotalText(report.PageBegin(page), report.PageEnd(page));
         fuzz::Check(CsvText(report).startsWith(QStringLiteral("Date,")), "CSV headings");
         PlainText(report);
     }

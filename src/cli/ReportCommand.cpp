@@ -100,13 +100,16 @@ int PrintReport(const QStringList& arguments, const QString& dataFolder, QTextSt
     ProgramState state(dataFolder, seams.dialogs, seams.clock, seams.platform);
     state.services.writesErrorLog = false;
     state.prefs.GetUserPreferences(state.services);
-    // No year is loaded into the calendar, so the report reads the year's file afresh; a
-    // faulty line is reported through the console's dialogs and the pages before it listed.
-    const Report report = MakeReport(state.services, state.planner, state.dates, *options.kind,
-                                     check.period, MileageRate(state.prefs));
+    // A faulty line is reported through the console's dialogs and the pages before it listed.
+    const Report report =
+        MakeReport(state.services, *options.kind, check.period, MileageRate(state.prefs));
     // The CSV's line ends are CR LF within the text itself; the stream writes them as they are.
     out << (options.csv ? CsvText(report) : PlainText(report));
     out.flush();
+    // Figures that are no number are listed as written; the total, and the CSV's reader, are
+    // told how many it leaves out.
+    if (const qsizetype leftOut = report.Total(0, report.rows.size()).leftOut)
+        err << "orvanta: " << LeftOutNote(report.kind, leftOut) << ".\n";
     if (seams.dialogs.Count() != 0)
         return kExitDataError;
     return report.rows.isEmpty() ? kExitNothingFound : kExitOk;

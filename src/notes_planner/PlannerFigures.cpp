@@ -1,19 +1,13 @@
 #include "notes_planner/PlannerFigures.h"
 
-#include <QRegularExpression>
-
 #include "shell/FixedWidth.h"
 #include "shell/NumberFormat.h"
 
 namespace {
 
-bool IsNumber(const QString& text) {
-    static const QRegularExpression number(QStringLiteral("^\\s*[+-]?(\\d+\\.?\\d*|\\.\\d+)\\s*$"));
-    return number.match(text).hasMatch();
-}
-
 QString Formatted(const QString& typed, int decimals) {
-    return IsNumber(typed) ? FormatHashes(Val(typed), decimals) : typed;
+    const std::optional<double> value = ParseAmount(typed);
+    return value ? FormatHashes(*value, decimals) : typed;
 }
 
 }  // namespace
@@ -32,7 +26,7 @@ void AddTheAmounts(PlannerPage& page) {
     for (int k = 0; k < kExpenseLines; ++k) {
         const QString& amount = page.slotTexts[kFirstAmountSlot + k];
         any = any || !IsBlank(amount);
-        sum += Val(amount);
+        sum += ParseAmount(amount).value_or(0);
     }
     page.slotTexts[kTotalExpendituresSlot] = any ? FormatHashes(sum, 2) : QString();
 }
@@ -40,12 +34,12 @@ void AddTheAmounts(PlannerPage& page) {
 void AddTheMiles(PlannerPage& page) {
     double total = 0;
     for (int m = 0; m < kMileageLines; ++m) {
-        const QString& begin = page.slotTexts[kFirstBeginSlot + m];
-        const QString& end = page.slotTexts[kFirstEndSlot + m];
+        const std::optional<double> begin = ParseAmount(page.slotTexts[kFirstBeginSlot + m]);
+        const std::optional<double> end = ParseAmount(page.slotTexts[kFirstEndSlot + m]);
         QString& miles = page.slotTexts[kFirstMilesSlot + m];
-        if (!IsBlank(begin) && !IsBlank(end))
-            miles = FormatHashes(Val(end) - Val(begin), 0);
-        total += Val(miles);
+        if (begin && end)
+            miles = FormatHashes(*end - *begin, 0);
+        total += ParseAmount(miles).value_or(0);
     }
     page.slotTexts[kTotalMileageSlot] = FormatHashes(total, 0);
 }

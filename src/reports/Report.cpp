@@ -3,7 +3,10 @@
 #include <algorithm>
 
 #include "notes_planner/DatedFile.h"
+#include "notes_planner/PlannerFigures.h"
 #include "notes_planner/PlannerRecord.h"
+#include "reports/ReportMessages.h"
+#include "reports/ReportText.h"
 #include "shell/DateFormats.h"
 #include "shell/NumberFormat.h"
 #include "shell/TextFile.h"
@@ -67,25 +70,48 @@ QString Report::Heading() const {
            datefmt::MmmDdYyyy(period.end);
 }
 
-double Report::Sum(qsizetype begin, qsizetype end) const {
+ReportTotal Report::Total(qsizetype begin, qsizetype end) const {
     const int field = TotalledField(kind);
-    double sum = 0;
-    for (qsizetype i = begin; i < end && i < rows.size(); ++i)
-        if (!rows[i].fields[field].isEmpty())
-            sum += Val(rows[i].fields[field]);
-    return sum;
+    ReportTotal total;
+    for (qsizetype i = begin; i < end && i < rows.size(); ++i) {
+        const QString& figure = rows[i].fields[field];
+        if (figure.isEmpty())
+            continue;
+        if (const std::optional<double> value = ParseAmount(figure))
+            total.sum += *value;
+        else
+            ++total.leftOut;
+    }
+    return total;
 }
 
 QString Report::FormatTotal(double value) const {
     return FormatThousands(value, kind == ReportKind::Expenses ? 2 : 0);
 }
 
-double Report::Reimbursement(const ReportRow& row) const {
-    return Pays() ? Val(row.fields[reportcol::Total]) * rate : 0;
+QString Report::TotalText(const ReportTotal& total) const {
+    QString text = FormatTotal(total.sum);
+    if (total.leftOut > 0)
+        text += QStringLiteral(" (") + LeftOutNote(kind, total.leftOut) + u')';
+    return text;
+}
+
+std::optional<double> Report::Reimbursement(const ReportRow& row) const {
+    if (!Pays())
+        return std::nullopt;
+    const std::optional<double> miles = ParseAmount(row.fields[reportcol::Total]);
+    return miles ? std::optional(*miles * rate) : std::nullopt;
 }
 
 double Report::Reimbursement(qsizetype begin, qsizetype end) const {
-    return Pays() ? Sum(begin, end) * rate : 0;
+    return Pays() ? Total(begin, end).sum * rate : 0;
+}
+
+QString ShownFigure(ReportKind kind, const QString& typed) {
+    if (kind == ReportKind::Expenses)
+        return FormatAmount(typed);
+    const std::optional<double> value = ParseAmount(typed);
+    return value ? PlainNumber(*value, -1) : typed;
 }
 
 QString PageLabel(int page, int pages) {

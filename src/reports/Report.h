@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 #include "reports/ReportPeriod.h"
 
@@ -34,6 +35,14 @@ struct ReportRow {
     bool marked = false;
 };
 
+// A column's total: the sum of its figures that are numbers, and how many filled figures
+// were left out of it because they are no number (words are listed as written, never
+// counted as another number).
+struct ReportTotal {
+    double sum = 0;
+    qsizetype leftOut = 0;
+};
+
 struct Report {
     ReportKind kind = ReportKind::Expenses;
     ReportPeriod period;
@@ -51,15 +60,25 @@ struct Report {
 
     // "Daily Expenses from mmm dd, yyyy to mmm dd, yyyy" or "Mileage from ... to ...".
     QString Heading() const;
-    // The amounts (or miles) of rows [begin, end) added, empty ones skipped, and in the
-    // report's total format: "#,###,##0.00" for amounts, "#,###,##0" for miles.
-    double Sum(qsizetype begin, qsizetype end) const;
+    // The amounts (or miles) of rows [begin, end) added, empty ones skipped.
+    ReportTotal Total(qsizetype begin, qsizetype end) const;
+    // A total in the report's format ("#,###,##0.00" for amounts, "#,###,##0" for miles),
+    // followed by what it left out, if anything: "1,020.00 (2 amounts are not numbers and
+    // are left out of the total)".
     QString FormatTotal(double value) const;
-    // What a row's miles are paid at the rate; nothing without a rate or miles.
+    QString TotalText(const ReportTotal& total) const;
+    QString TotalText(qsizetype begin, qsizetype end) const { return TotalText(Total(begin, end)); }
+    // What a row's miles are paid at the rate; nothing without a rate, or when its miles are
+    // blank or no number.
     bool Pays() const { return kind == ReportKind::Mileage && rate > 0; }
-    double Reimbursement(const ReportRow& row) const;
+    std::optional<double> Reimbursement(const ReportRow& row) const;
     double Reimbursement(qsizetype begin, qsizetype end) const;
 };
+
+// A figure typed into a report's cell as the cell keeps it: an amount in the planner's format
+// ("$1,234.5" becomes "1234.50"), an odometer reading or miles as a plain number ("12,345"
+// becomes "12345"); words as typed.
+QString ShownFigure(ReportKind kind, const QString& typed);
 
 // "Page n of m".
 QString PageLabel(int page, int pages);

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "reports/Report.h"
+
 // What the report period windows and the two reports say.
 
 inline const QString kSelectMonthCaption = QStringLiteral("Monthly Selection");
@@ -31,6 +33,22 @@ inline const QString kBadRateMessage = QStringLiteral(
 
 inline QString CsvSavedMessage(const QString& path) {
     return QStringLiteral("The report was saved as %1.").arg(path);
+}
+
+// What a total says of the figures it leaves out because they are no number: "1 amount is
+// not a number and is left out of the total", "3 lines' miles are not numbers and are left
+// out of the total". The same words follow the total in the window, on paper and on the
+// command line, and the saved CSV's message.
+inline QString LeftOutNote(ReportKind kind, qsizetype count) {
+    const bool one = count == 1;
+    const QString what =
+        kind == ReportKind::Expenses
+            ? (one ? QStringLiteral("amount is") : QStringLiteral("amounts are"))
+            : (one ? QStringLiteral("line's miles are") : QStringLiteral("lines' miles are"));
+    return QString::number(count) + u' ' + what +
+           (one ? QStringLiteral(" not a number and ") : QStringLiteral(" not numbers and ")) +
+           (kind == ReportKind::Expenses && one ? QStringLiteral("is") : QStringLiteral("are")) +
+           QStringLiteral(" left out of the total");
 }
 
 // ---- the monthly budget -----------------------------------------------------------------

@@ -2,21 +2,16 @@
 
 #include <cmath>
 
-#include "calendar/DateModel.h"
+#include "notes_planner/DatedFile.h"
 #include "notes_planner/modPlanner.h"
+#include "reports/ReportText.h"
 #include "shell/NumberFormat.h"
 #include "shell/Services.h"
 #include "shell/UserPreferences.h"
 
-Report MakeReport(Services& services, const PlannerStore& planner, const DateModel& dates,
-                  ReportKind kind, const ReportPeriod& period, double rate) {
+Report MakeReport(Services& services, ReportKind kind, const ReportPeriod& period, double rate) {
     Report report{kind, period, {}, rate};
     const int year = period.start.year();
-    if (dates.ThisYear && (year == dates.ThisYear || year == dates.ThisYear + 1)) {
-        const Year slot = year == dates.ThisYear ? Year::This : Year::Next;
-        report.rows = BuildReportRows(kind, planner.years[slot], year, period);
-        return report;
-    }
     DatedEntries entries;
     services.Trap("ReadThisYearsPlanner",
                   [&] { ReadDatedFile(services.AppFolder, year, kPlannerFile, entries); });
@@ -25,14 +20,18 @@ Report MakeReport(Services& services, const PlannerStore& planner, const DateMod
 }
 
 std::optional<double> ParseMileageRate(const QString& text) {
-    const QString trimmed = text.trimmed();
-    if (trimmed.isEmpty())
+    if (text.trimmed().isEmpty())
         return 0.0;
-    bool ok = false;
-    const double rate = trimmed.toDouble(&ok);
-    if (!ok || rate < 0 || !std::isfinite(rate))
+    const std::optional<double> rate = ParseAmount(text);
+    if (!rate || *rate < 0)
         return std::nullopt;
     return rate;
+}
+
+QString RateText(double rate) {
+    // Cents as money is written ("0.70"); a rate of a fraction of a cent keeps its places.
+    const bool cents = std::abs(rate * 100 - std::round(rate * 100)) < 1e-9;
+    return PlainNumber(rate, cents ? 2 : -1);
 }
 
 double MileageRate(const UserPreferences& prefs) {

@@ -33,6 +33,20 @@ void AppendCsvField(QString& csv, QStringView field, bool last) {
         csv += u',';
 }
 
+// Appends a text as written: one that begins as a spreadsheet formula would ("=", "+", "-",
+// "@", a tab or a carriage return) gets a leading apostrophe, so that a spreadsheet shows it
+// as text instead of running it.
+void AppendCsvText(QString& csv, QStringView text, bool last) {
+    static const QString kFormulaStarts = QStringLiteral("=+-@\t\r");
+    if (text.isEmpty() || !kFormulaStarts.contains(text.front())) {
+        AppendCsvField(csv, text, last);
+        return;
+    }
+    QString guarded(1, u'\'');
+    guarded += text;
+    AppendCsvField(csv, guarded, last);
+}
+
 void AppendCsvLine(QString& csv, const QStringList& fields) {
     for (qsizetype i = 0; i < fields.size(); ++i)
         AppendCsvField(csv, fields[i], i + 1 == fields.size());
@@ -50,11 +64,13 @@ void AppendIsoDate(QString& csv, const QDate& date) {
     csv += QStringView(digits, 10);
 }
 
-// A figure as a plain number: amounts with two decimals, everything else as the number is.
-QString CsvFigure(const QString& text, bool amount) {
-    if (text.isEmpty())
-        return text;
-    return PlainNumber(Val(text), amount ? 2 : -1);
+// A figure as a plain number: amounts with two decimals, everything else as the number is; a
+// figure that is no number is written as the text it is.
+void AppendCsvFigure(QString& csv, const QString& text, bool amount, bool last) {
+    if (const std::optional<double> value = ParseAmount(text))
+        AppendCsvField(csv, PlainNumber(*value, amount ? 2 : -1), last);
+    else
+        AppendCsvText(csv, text, last);
 }
 
 }  // namespace
@@ -94,14 +110,15 @@ QString CsvText(const Report& report) {
         for (qsizetype i = 0; i < row.fields.size(); ++i) {
             // The description or destination first, then the figures.
             const bool last = i + 1 == row.fields.size() && !report.Pays();
-            AppendCsvField(csv, i == 0 ? row.fields[i] : CsvFigure(row.fields[i], expenses), last);
+            if (i == 0)
+                AppendCsvText(csv, row.fields[i], last);
+            else
+                AppendCsvFigure(csv, row.fields[i], expenses, last);
         }
-        if (report.Pays())
-            AppendCsvField(csv,
-                           row.fields[reportcol::Total].isEmpty()
-                               ? QString()
-                               : PlainNumber(report.Reimbursement(row), 2),
-                           true);
+        if (report.Pays()) {
+            const std::optional<double> paid = report.Reimbursement(row);
+            AppendCsvField(csv, paid ? PlainNumber(*paid, 2) : QString(), true);
+        }
     }
     return csv;
 }
@@ -113,10 +130,10 @@ QString PlainText(const Report& report) {
         table.first().append(QStringLiteral("Reimbursement"));
     for (const ReportRow& row : report.rows) {
         table.append(QStringList{RowDateText(row.date)} + row.fields);
-        if (report.Pays())
-            table.last().append(row.fields[reportcol::Total].isEmpty()
-                                    ? QString()
-                                    : FormatThousands(report.Reimbursement(row), 2));
+        if (report.Pays()) {
+            const std::optional<double> paid = report.Reimbursement(row);
+            table.last().append(paid ? FormatThousands(*paid, 2) : QString());
+        }
     }
     // Each column as wide as its widest cell, two blanks apart; the date and the description
     // or destination aligned left, the figures right.
@@ -138,7 +155,7 @@ QString PlainText(const Report& report) {
     const qsizetype count = report.rows.size();
     text += QStringLiteral("\n") + QString::number(count) +
             (count == 1 ? QStringLiteral(" row") : QStringLiteral(" rows")) +
-            QStringLiteral(", total ") + report.FormatTotal(report.Sum(0, count));
+            QStringLiteral(", total ") + report.TotalText(0, count);
     if (report.Pays())
         text +=
             QStringLiteral(", reimbursement ") + FormatThousands(report.Reimbursement(0, count), 2);

@@ -91,19 +91,17 @@ bool ParseBudgetText(const QString& text, std::optional<qint64>& cents) {
     return true;
 }
 
-std::array<double, 12> MonthlyExpenses(Services& services, const PlannerStore& planner,
-                                       const DateModel& dates, int year) {
+std::array<ReportTotal, 12> MonthlyExpenses(Services& services, int year) {
     // One report of the year gives every month's rows: the rows of a month are exactly those
-    // its own report lists, in the same order, so their sum is that report's total.
-    const Report whole =
-        MakeReport(services, planner, dates, ReportKind::Expenses, MonthPeriod(0, year), 0);
-    std::array<double, 12> totals{};
+    // its own report lists, in the same order, so their total is that report's total.
+    const Report whole = MakeReport(services, ReportKind::Expenses, MonthPeriod(0, year), 0);
+    std::array<ReportTotal, 12> totals{};
     for (int month = 1; month <= 12; ++month) {
         Report part{ReportKind::Expenses, MonthPeriod(month, year), {}, 0};
         for (const ReportRow& row : whole.rows)
             if (part.period.Contains(row.date))
                 part.rows.append(row);
-        totals[month - 1] = part.Sum(0, part.rows.size());
+        totals[month - 1] = part.Total(0, part.rows.size());
     }
     return totals;
 }

@@ -6,11 +6,10 @@
 #include <array>
 #include <optional>
 
+#include "reports/Report.h"
 #include "shell/DataFile.h"
 #include "shell/Records.h"
 
-class DateModel;
-class PlannerStore;
 class Services;
 
 inline const QString kBudgetFile = QStringLiteral("Budget.dat");
@@ -39,9 +38,8 @@ const RecordLayout& BudgetLayout();
 bool ParseBudgetText(const QString& text, std::optional<qint64>& cents);
 
 // The expense report's total of each month of year (January first): the report of each month
-// made from the same planner pages and added up the same way.
-std::array<double, 12> MonthlyExpenses(Services& services, const PlannerStore& planner,
-                                       const DateModel& dates, int year);
+// made from the year's planner file and added up the same way, with what each left out.
+std::array<ReportTotal, 12> MonthlyExpenses(Services& services, int year);
 
 // The monthly budgets of every year, kept in "Budget.dat" in the data folder.
 class modBudget {

@@ -1,26 +1,75 @@
 #include "shell/NumberFormat.h"
 
+#include <charconv>
 #include <cmath>
 
-double Val(QStringView text) {
-    QString number;
-    bool point = false;
-    for (const QChar c : text) {
-        if (c == u' ' || c == u'\t')
-            continue;
-        if ((c == u'-' || c == u'+') && number.isEmpty())
-            number += c;
-        else if (c.isDigit() && c.unicode() < 128)
-            number += c;
-        else if (c == u'.' && !point) {
-            point = true;
-            number += c;
-        } else
+namespace {
+
+bool IsBlank(QChar c) {
+    return c == u' ' || c == u'\t';
+}
+
+bool IsDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+}  // namespace
+
+std::optional<double> ParseAmount(QStringView text) {
+    qsizetype at = 0, end = text.size();
+    while (at < end && IsBlank(text[at]))
+        ++at;
+    while (end > at && IsBlank(text[end - 1]))
+        --end;
+    // The sign and the currency sign, in either order, with blanks after the currency sign.
+    bool negative = false, sign = false, currency = false;
+    while (at < end) {
+        const QChar c = text[at];
+        if (!sign && (c == u'-' || c == u'+')) {
+            sign = true;
+            negative = c == u'-';
+        } else if (!currency && c.category() == QChar::Symbol_Currency) {
+            currency = true;
+            while (at + 1 < end && IsBlank(text[at + 1]))
+                ++at;
+        } else {
             break;
+        }
+        ++at;
     }
-    bool ok = false;
-    const double value = number.toDouble(&ok);
-    return ok ? value : 0;
+    // The digits, without their commas: a comma must stand between groups of three digits, the
+    // first group of one to three.
+    char digits[64];
+    int count = 0, group = 0;
+    bool commas = false, point = false;
+    for (; at < end; ++at) {
+        const QChar c = text[at];
+        if (count == int(sizeof digits))
+            return std::nullopt;
+        if (IsDigit(c)) {
+            digits[count++] = char(c.unicode());
+            ++group;
+        } else if (c == u',' && !point && group > 0 && group <= 3 && (!commas || group == 3)) {
+            commas = true;
+            group = 0;
+        } else if (c == u'.' && !point && (!commas || group == 3)) {
+            point = true;
+            digits[count++] = '.';
+            group = 0;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (commas && !point && group != 3)
+        return std::nullopt;
+    // A point alone, or nothing, is no number.
+    if (count == int(point))
+        return std::nullopt;
+    double value = 0;
+    const auto [last, error] = std::from_chars(digits, digits + count, value);
+    if (error != std::errc() || last != digits + count)
+        return std::nullopt;
+    return negative ? -value : value;
 }
 
 QString FormatHashes(double value, int decimals) {

@@ -196,6 +196,28 @@ private slots:
         QCOMPARE(output.status, 0);
     }
 
+    // Amounts count at their value however they are written; one that is no number is listed
+    // as written and left out, and standard error says so; a description that a spreadsheet
+    // would run is written as text.
+    void amountsAsWritten() {
+        TestEnv env;
+        env.write("2026/Planner.dat",
+                  "05/04/26:000000:" +
+                      textfile::Encode(Record({{At::Description(0), "=cmd|' /C calc'!A0"},
+                                               {At::Amount(0), "1,234.50"},
+                                               {At::Description(1), "Fee"},
+                                               {At::Amount(1), "$5.00"},
+                                               {At::Description(2), "Tip"},
+                                               {At::Amount(2), "n/a"}})) +
+                      "\r\n");
+        const Output csv =
+            Run(env.folder(), {"expenses", "--csv", "--from", "2026-05-01", "--to", "2026-05-31"});
+        QCOMPARE(csv.out, Csv({"Date,Description,Amount", "2026-05-04,'=cmd|' /C calc'!A0,1234.50",
+                               "2026-05-04,Fee,5.00", "2026-05-04,Tip,n/a"}));
+        QCOMPARE(csv.err, "orvanta: 1 amount is not a number and is left out of the total.\n");
+        QCOMPARE(csv.status, 0);
+    }
+
     // The pages before a faulty line are listed; the fault is reported and the status says
     // that the report may be incomplete. Nothing is written into the data folder.
     void reportsAPartlyReadYear() {

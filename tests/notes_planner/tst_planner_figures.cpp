@@ -34,9 +34,25 @@ private slots:
         QTest::newRow("blanks around") << " 7 "
                                        << "7.00"
                                        << "7";
+        QTest::newRow("thousands") << "1,234.50"
+                                   << "1234.50"
+                                   << "1235";
+        QTest::newRow("currency sign") << "$5.00"
+                                       << "5.00"
+                                       << "5";
+        QTest::newRow("sign and currency") << "-$ 1,234,567"
+                                           << "-1234567.00"
+                                           << "-1234567";
+        QTest::newRow("currency and sign") << "€-.5"
+                                           << "-.50"
+                                           << "-1";
         QTest::newRow("words stay") << "twelve"
                                     << "twelve"
                                     << "twelve";
+        // Texts that begin as a number but are none are never taken for another number.
+        for (const char* text : {"12 EUR", "5$", "1,23", "1234,567", "1,234,56.0", "1.2.3", ",5",
+                                 "$", "-", ".", "1e3", "--5", "$$5"})
+            QTest::addRow("no number: %s", text) << text << text << text;
         QTest::newRow("empty stays") << ""
                                      << ""
                                      << "";
@@ -56,17 +72,22 @@ private slots:
         QCOMPARE(page.slotTexts[kTotalExpendituresSlot], "");  // a blank page stays blank
         QCOMPARE(page.slotTexts[kTotalMileageSlot], "");
         page.slotTexts[kFirstAmountSlot] = "12.50";
-        page.slotTexts[kFirstAmountSlot + 5] = "7 for the taxi";  // read as 7
+        page.slotTexts[kFirstAmountSlot + 4] = "$1,000";
+        page.slotTexts[kFirstAmountSlot + 5] = "7 for the taxi";  // no number: left out
         page.slotTexts[kFirstBeginSlot] = "100";
         page.slotTexts[kFirstEndSlot] = "125";
         page.slotTexts[kFirstMilesSlot + 1] = "30";  // typed, no odometer readings: kept
         page.slotTexts[kFirstEndSlot + 2] = "80";    // one reading only: no miles
+        page.slotTexts[kFirstBeginSlot + 3] = "1,000";
+        page.slotTexts[kFirstEndSlot + 3] = "1,010 km";  // no number: the miles typed stay
+        page.slotTexts[kFirstMilesSlot + 3] = "9";
         AddTheAmounts(page);
         AddTheMiles(page);
-        QCOMPARE(page.slotTexts[kTotalExpendituresSlot], "19.50");
+        QCOMPARE(page.slotTexts[kTotalExpendituresSlot], "1012.50");
         QCOMPARE(page.slotTexts[kFirstMilesSlot], "25");
         QCOMPARE(page.slotTexts[kFirstMilesSlot + 2], "");
-        QCOMPARE(page.slotTexts[kTotalMileageSlot], "55");
+        QCOMPARE(page.slotTexts[kFirstMilesSlot + 3], "9");
+        QCOMPARE(page.slotTexts[kTotalMileageSlot], "64");
     }
 
     void clipboardTextKeepsItsLayout() {

@@ -85,7 +85,7 @@ private slots:
         Down();
         Type("Taxi");
         Down();
-        Type("7");
+        Type("$1,234,567.5");  // kept as "1234567.50", which fits its ten characters
         Down(9);
         Type("Office");
         Down();
@@ -94,7 +94,7 @@ private slots:
         Type("125");
         Down();
         QCOMPARE(f.Box(kFirstAmountSlot)->text(), "12.50");
-        QCOMPARE(f.Box(kTotalExpendituresSlot)->text(), "19.50");
+        QCOMPARE(f.Box(kTotalExpendituresSlot)->text(), "1234580.00");
         QCOMPARE(f.Box(kFirstMilesSlot)->text(), "25");
         QCOMPARE(f.Box(kTotalMileageSlot)->text(), "25");
         f.Save();
@@ -111,8 +111,8 @@ private slots:
         page.slotTexts[kFirstExpenseSlot] = "Lunch";
         page.slotTexts[kFirstAmountSlot] = "12.50";
         page.slotTexts[kFirstExpenseSlot + 1] = "Taxi";
-        page.slotTexts[kFirstAmountSlot + 1] = "7.00";
-        page.slotTexts[kTotalExpendituresSlot] = "19.50";
+        page.slotTexts[kFirstAmountSlot + 1] = "1234567.50";
+        page.slotTexts[kTotalExpendituresSlot] = "1234580.00";
         page.slotTexts[kFirstDestinationSlot] = "Office";
         page.slotTexts[kFirstBeginSlot] = "100";
         page.slotTexts[kFirstEndSlot] = "125";

@@ -85,22 +85,60 @@ private slots:
         QCOMPARE(check.period.end, end);
     }
 
-    void sumSkipsEmptyFigures_data() {
+    // Figures count at their value however they are written; one that is no number counts
+    // for nothing, and the total says so.
+    void totalSkipsEmptyFiguresAndNamesThoseNoNumber_data() {
         QTest::addColumn<bool>("mileage");
         QTest::addColumn<QStringList>("figures");
         QTest::addColumn<QString>("total");
         QTest::newRow("amounts") << false << QStringList{"12.50", "", " 7.5", "1000"} << "1,020.00";
+        QTest::newRow("one no number")
+            << false << QStringList{"1,234.50", "lunch", ""}
+            << "1,234.50 (1 amount is not a number and is left out of the total)";
+        QTest::newRow("two no numbers")
+            << false << QStringList{"12 EUR", "1,23", "2"}
+            << "2.00 (2 amounts are not numbers and are left out of the total)";
         QTest::newRow("no amount") << false << QStringList{"", ""} << "0.00";
-        QTest::newRow("miles") << true << QStringList{"42", "", "1000000"} << "1,000,042";
+        QTest::newRow("miles") << true << QStringList{"42", "", "1,000,000"} << "1,000,042";
+        QTest::newRow("miles no number")
+            << true << QStringList{"n/a", "3"}
+            << "3 (1 line's miles are not a number and are left out of the total)";
         QTest::newRow("no miles") << true << QStringList{""} << "0";
     }
-    void sumSkipsEmptyFigures() {
+    void totalSkipsEmptyFiguresAndNamesThoseNoNumber() {
         QFETCH(bool, mileage);
         QFETCH(QStringList, figures);
         QFETCH(QString, total);
         const Report report =
             WithTotals(mileage ? ReportKind::Mileage : ReportKind::Expenses, figures);
-        QCOMPARE(report.FormatTotal(report.Sum(0, report.rows.size())), total);
+        QCOMPARE(report.TotalText(0, report.rows.size()), total);
+    }
+
+    // A row's cells in the CSV: figures as the numbers they count for, texts as written, and
+    // a text that a spreadsheet would run as a formula behind an apostrophe.
+    void csvCells_data() {
+        QTest::addColumn<QString>("description");
+        QTest::addColumn<QString>("amount");
+        QTest::addColumn<QString>("line");
+        const char* const cases[][3] = {
+            {"Hotel", "1,234.50", "Hotel,1234.50"},
+            {"Refund", "-$5", "Refund,-5.00"},
+            {"Taxi", "7 for the taxi", "Taxi,7 for the taxi"},
+            {"=HYPERLINK(\"x\")", "=1+2", "\"'=HYPERLINK(\"\"x\"\")\",'=1+2"},
+            {"+cmd", "@SUM(A1)", "'+cmd,'@SUM(A1)"},
+            {"-Deposit", "", "'-Deposit,"},
+            {"\tx", "\ry", "'\tx,\"'\ry\""},
+            {"a=b-c", "", "a=b-c,"}};
+        for (const auto& [description, amount, line] : cases)
+            QTest::addRow("%s", line) << description << amount << line;
+    }
+    void csvCells() {
+        QFETCH(QString, description);
+        QFETCH(QString, amount);
+        QFETCH(QString, line);
+        Report report;
+        report.rows.append({QDate(2026, 9, 7), {description, amount}});
+        QCOMPARE(CsvText(report), "Date,Description,Amount\r\n2026-09-07," + line + "\r\n");
     }
 
     // A figure in a total, and the same figure in the CSV: rounded alike, half a cent away

@@ -156,25 +156,36 @@ private slots:
         QCOMPARE(Text(window, "lblDesc", 0), "Eleven");
     }
 
-    // One edit open at a time; Enter keeps the text and totals again, and the planner's page
-    // stays as it was.
+    // The report reads the year's file as it is now, though the calendar holds that year; the
+    // calendar's pages stay as they were read. One edit open at a time; Enter keeps the text
+    // (an amount in the planner's format) and totals again, and the planner's page stays as
+    // it was.
     void expenseRowEditedInPlace() {
         MainWindowFixture f;
+        f.env.write("2026/Planner.dat", PageLine(QDate(2026, 9, 1), {{"Before", "1"}}));
+        f.Start();
         const QByteArray file = PageLine(QDate(2026, 9, 1), {{"Taxi", "12.50"}, {"Lunch", "7.25"}});
         f.env.write("2026/Planner.dat", file);
-        f.Start();
         ReportWindow* window = MonthReport(f, "mnuFileOpenExpenses", 9, 2026);
+        QCOMPARE(Text(window, "lblDesc", 0), "Taxi");
+        QVERIFY(f.env.state->planner.years[Year::This].payloads.value(0).contains("Before"));
         Press(window, "lblAmt", 0);
         auto* editor = window->Control<QLineEdit>("txtAmt");
         QVERIFY(editor->isVisible());
         f.env.dialogs.ExpectMsgBox(kExpenseEditOpenMessage, vb::OKOnly, "");
         Press(window, "lblDesc", 1);
         VERIFY_DIALOGS(f.env.dialogs);
-        editor->setText("1000");
+        editor->setText("$1,000");
         QTest::keyClick(editor, Qt::Key_Return);
         QVERIFY(!editor->isVisible());
-        QCOMPARE(Text(window, "lblAmt", 0), "1000");
+        QCOMPARE(Text(window, "lblAmt", 0), "1000.00");
         QCOMPARE(Text(window, "lblPageTotal"), "1,007.25");
+        Press(window, "lblAmt", 1);
+        editor->setText("seven");
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCOMPARE(Text(window, "lblAmt", 1), "seven");
+        QCOMPARE(Text(window, "lblReportTotal"),
+                 "1,000.00 (1 amount is not a number and is left out of the total)");
         Press(window, "lblDesc", 1);
         QTest::keyClicks(window->Control<QLineEdit>("txtDesc"), "Dinner");
         QTest::keyClick(window->Control<QLineEdit>("txtDesc"), Qt::Key_Escape);
@@ -237,11 +248,12 @@ private slots:
         emit rate->editingFinished();
         VERIFY_DIALOGS(f.env.dialogs);
         QCOMPARE(rate->text(), "");
-        rate->setText("0.5");
+        rate->setText("$0.5");
         emit rate->editingFinished();
+        QCOMPARE(rate->text(), "0.50");
         QCOMPARE(Text(window, "lblPaid", 1), "15.00");
         QCOMPARE(Text(window, "lblReportPaid"), "21.00");
-        QVERIFY(f.env.read("UserPreferences.txt").contains("Mileage Rate:0.5\r\n"));
+        QVERIFY(f.env.read("UserPreferences.txt").contains("Mileage Rate:0.50\r\n"));
 
         const QString csv = f.env.path("out.csv");
         f.env.dialogs.ExpectSaveFile(csv).ExpectMsgBox(CsvSavedMessage(csv), kInformationStyle, "");

@@ -56,9 +56,8 @@ MainWindow CreateMainWindow(ProgramState& state, Printer& printer) {
     auto* notesPlanner = new NotesPlannerMenus(context, *calendar);
     auto* holidaysBirthdays = new HolidaysBirthdaysMenus(
         {frame, state.services, state.dates, state.holidays, state.birthdays, *calendar});
-    new ReportMenus({frame, state.services, state.dates, state.planner, state.prefs, printer});
-    new BudgetMenus({frame, state.services, state.dates, state.planner, state.prefs, printer},
-                    state.budget);
+    new ReportMenus({frame, state.services, state.dates, state.prefs, printer});
+    new BudgetMenus({frame, state.services, state.dates, state.prefs, printer}, state.budget);
     new ShellMenus(frame, state.services, state.prefs);
     new ICalMenus(frame, {state.services, state.prefs, state.dates, state.planner, state.notes,
                           state.holidays, state.marks, state.markerColors});

@@ -350,6 +350,15 @@ void frmPlanner::txt_Change() {
 
 void frmPlanner::txt_LostFocus(int slot) {
     QLineEdit* box = page_->Box(slot);
+    // A figure takes its format first ("$1,234.50" becomes "1234.50"), so that the limits
+    // below judge what is kept, not what was typed.
+    const bool amount = slot >= kFirstAmountSlot && slot < kTotalExpendituresSlot;
+    const bool mileage = slot >= kFirstBeginSlot && slot < kTotalMileageSlot;
+    if (amount || mileage) {
+        const QString shown = amount ? FormatAmount(box->text()) : FormatMileage(box->text());
+        if (shown != box->text())
+            box->setText(shown);
+    }
     const QString text = box->text();
     // The room for text inside the box's frame.
     const int room = box->width() - 8;
@@ -358,14 +367,8 @@ void frmPlanner::txt_LostFocus(int slot) {
     const int width = SlotWidth(slot);
     if (text.size() > width)
         services_.dialogs.MsgBox(TooManyCharactersMessage(width), kWarningStyle);
-    const bool amount = slot >= kFirstAmountSlot && slot < kTotalExpendituresSlot;
-    const bool mileage = slot >= kFirstBeginSlot && slot < kTotalMileageSlot;
-    if (!amount && !mileage)
-        return;
-    const QString shown = amount ? FormatAmount(text) : FormatMileage(text);
-    if (shown != text)
-        box->setText(shown);
-    page_->AddTheFigures();
+    if (amount || mileage)
+        page_->AddTheFigures();
 }
 
 void frmPlanner::cmdOK_Click(int line, const QString& text) {

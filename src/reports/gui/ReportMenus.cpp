@@ -76,8 +76,7 @@ ReportWindow* ReportMenus::RunReport(const ReportPeriod& period) {
     if (!expenseReportRequested_ && !mileageReportRequested_)
         return nullptr;
     const ReportKind kind = expenseReportRequested_ ? ReportKind::Expenses : ReportKind::Mileage;
-    Report report = MakeReport(context_.services, context_.planner, context_.dates, kind, period,
-                               MileageRate(context_.prefs));
+    Report report = MakeReport(context_.services, kind, period, MileageRate(context_.prefs));
     const QString name =
         QString::fromLatin1(kind == ReportKind::Expenses ? frmExpenses::kName : frmMileage::kName);
     auto* window = static_cast<ReportWindow*>(context_.frame.ShowChild(name, [&]() -> QWidget* {

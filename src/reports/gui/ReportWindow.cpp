@@ -285,8 +285,8 @@ void ReportWindow::FillLine(int line) {
     labels_[0][line]->setText(RowDateText(row.date));
     for (int column = 1; column < columns_.size(); ++column)
         labels_[column][line]->setText(row.fields[column - 1]);
-    const bool paid = report_.Pays() && !row.fields[reportcol::Total].isEmpty();
-    paidLabels_[line]->setText(paid ? FormatThousands(report_.Reimbursement(row), 2) : QString());
+    const std::optional<double> paid = report_.Reimbursement(row);
+    paidLabels_[line]->setText(paid ? FormatThousands(*paid, 2) : QString());
 }
 
 void ReportWindow::GreyReportLabels() {
@@ -321,8 +321,8 @@ void ReportWindow::AdjustTheColors() {
 void ReportWindow::AdjustTheTotals() {
     const qsizetype begin = report_.PageBegin(page_), end = report_.PageEnd(page_);
     const qsizetype count = report_.rows.size();
-    lblPageTotal_->setText(report_.FormatTotal(report_.Sum(begin, end)));
-    lblReportTotal_->setText(report_.FormatTotal(report_.Sum(0, count)));
+    lblPageTotal_->setText(report_.TotalText(begin, end));
+    lblReportTotal_->setText(report_.TotalText(0, count));
     lblPagePaid_->setText(FormatThousands(report_.Reimbursement(begin, end), 2));
     lblReportPaid_->setText(FormatThousands(report_.Reimbursement(0, count), 2));
 }
@@ -406,7 +406,8 @@ void ReportWindow::CommitEdit() {
         }
         row.date = date;
     } else {
-        row.fields[column - 1] = text;
+        // The description or destination as typed; a figure in the report's format.
+        row.fields[column - 1] = column == 1 ? text : ShownFigure(kind_, text);
     }
     CloseEditor();
     FillLine(int(index - report_.PageBegin(page_)));
@@ -470,13 +471,13 @@ void ReportWindow::PrintThisPage(PageWriter& writer, int page) const {
         const ReportRow& row = report_.rows[i];
         QStringList cells{RowDateText(row.date)};
         cells += row.fields;
-        if (report_.Pays() && !row.fields[reportcol::Total].isEmpty())
-            cells.append(FormatThousands(report_.Reimbursement(row), 2));
+        if (const std::optional<double> paid = report_.Reimbursement(row))
+            cells.append(FormatThousands(*paid, 2));
         writer.Columns(cells, stops);
     }
     writer.Rule();
     const auto total = [&](const QString& caption, qsizetype from, qsizetype to) {
-        QString text = caption + report_.FormatTotal(report_.Sum(from, to));
+        QString text = caption + report_.TotalText(from, to);
         if (report_.Pays())
             text += QStringLiteral("    Reimbursement: ") +
                     FormatThousands(report_.Reimbursement(from, to), 2);
@@ -519,7 +520,10 @@ void ReportWindow::mnuFileExportCsv_Click() {
     if (!path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive))
         path += QStringLiteral(".csv");
     safesave::Replace(path, CsvText(report_).toUtf8());
-    services_.dialogs.MsgBox(CsvSavedMessage(QDir::toNativeSeparators(path)), kInformationStyle);
+    QString saved = CsvSavedMessage(QDir::toNativeSeparators(path));
+    if (const qsizetype leftOut = report_.Total(0, report_.rows.size()).leftOut)
+        saved += u' ' + LeftOutNote(kind_, leftOut) + u'.';
+    services_.dialogs.MsgBox(saved, kInformationStyle);
 }
 
 void ReportWindow::mnuOptCopy_Click() {

@@ -12,7 +12,6 @@
 #include <QVBoxLayout>
 #include <cmath>
 
-#include "calendar/DateModel.h"
 #include "reports/ReportMessages.h"
 #include "reports/gui/BudgetChart.h"
 #include "shell/NumberFormat.h"
@@ -81,6 +80,7 @@ frmBudget::frmBudget(ReportContext& context, modBudget& store)
       spnYear_(new QSpinBox),
       grdBudget_(new QTableWidget(13, 4)),
       picChart_(new BudgetChart),
+      lblLeftOut_(new QLabel),
       cmdSave_(new QPushButton(QStringLiteral("&Save"))) {
     spnYear_->setObjectName(QStringLiteral("spnYear"));
     spnYear_->setRange(1900, 9999);
@@ -99,7 +99,14 @@ frmBudget::frmBudget(ReportContext& context, modBudget& store)
     layout->addLayout(top);
     auto* figures = new QHBoxLayout;
     BuildTable();
-    figures->addWidget(grdBudget_, 0, Qt::AlignTop);
+    auto* table = new QVBoxLayout;
+    table->addWidget(grdBudget_);
+    lblLeftOut_->setObjectName(QStringLiteral("lblLeftOut"));
+    lblLeftOut_->setWordWrap(true);
+    lblLeftOut_->setMaximumWidth(grdBudget_->maximumWidth());
+    table->addWidget(lblLeftOut_);
+    table->addStretch();
+    figures->addLayout(table);
     figures->addWidget(picChart_, 1);
     layout->addLayout(figures, 1);
     BuildMenus();
@@ -175,7 +182,7 @@ const BudgetFigures& frmBudget::Figures() const {
 
 void frmBudget::ShowYear(int year) {
     year_ = year;
-    spent_ = MonthlyExpenses(services_, context_.planner, context_.dates, year);
+    spent_ = MonthlyExpenses(services_, year);
     filling_ = true;
     spnYear_->setValue(year);
     filling_ = false;
@@ -196,8 +203,10 @@ void frmBudget::Refill() {
         const auto it = edits_.constFind(QDate(year_, m + 1, 1));
         if (it != edits_.cend())
             figures.budget[m] = double(*it) / 100;
-        figures.actual[m] = spent_[m];
+        figures.actual[m] = spent_[m].sum;
     }
+    lblLeftOut_->setText(LeftOutLines().join(u'\n'));
+    lblLeftOut_->setVisible(!lblLeftOut_->text().isEmpty());
     filling_ = true;
     const QList<BudgetLine> lines = BudgetLines(figures);
     for (int row = 0; row <= kTotalRow; ++row) {
@@ -216,6 +225,15 @@ void frmBudget::Refill() {
     }
     filling_ = false;
     picChart_->SetFigures(figures);
+}
+
+QStringList frmBudget::LeftOutLines() const {
+    QStringList lines;
+    for (int m = 0; m < 12; ++m)
+        if (spent_[m].leftOut > 0)
+            lines.append(MonthName(m + 1) + QStringLiteral(": ") +
+                         LeftOutNote(ReportKind::Expenses, spent_[m].leftOut) + u'.');
+    return lines;
 }
 
 void frmBudget::grdBudget_CellChanged(int row, int column) {
@@ -260,6 +278,9 @@ void frmBudget::PrintBudget(PageWriter& writer) const {
                        kPrintStops);
     }
     writer.Blank();
+    writer.SetFont(PrintFont(QStringLiteral("Arial"), 10));
+    for (const QString& note : LeftOutLines())
+        writer.Line(note);
     const BudgetFigures figures = Figures();
     writer.SetFont(PrintFont(QStringLiteral("Arial"), 8));
     writer.Picture(95, [&figures](QPainter& painter, const QRectF& area) {

@@ -7,6 +7,7 @@
 class BudgetChart;
 struct BudgetFigures;
 class PageWriter;
+class QLabel;
 class QPushButton;
 class QSpinBox;
 class QTableWidget;
@@ -50,11 +51,13 @@ private:
     void SetCell(int row, int column, const QString& text, const QColor& color = {},
                  const QColor& background = {});
     void PrintBudget(PageWriter& writer) const;
+    // "March: 1 amount is not a number and is left out of the total." for each such month.
+    QStringList LeftOutLines() const;
 
     ReportContext& context_;
     modBudget& store_;
     Budgets edits_;
-    std::array<double, 12> spent_{};
+    std::array<ReportTotal, 12> spent_{};
     int year_ = 0;
     bool changed_ = false;
     bool filling_ = false;
@@ -62,5 +65,7 @@ private:
     QSpinBox* spnYear_;
     QTableWidget* grdBudget_;
     BudgetChart* picChart_;
+    // The months whose spending leaves out amounts that are no number, and how many.
+    QLabel* lblLeftOut_;
     QPushButton* cmdSave_;
 };

@@ -20,7 +20,8 @@ bool OdometerKeyPress(QLineEdit* box, QKeyEvent* event) {
     if (typed.isEmpty() || !typed[0].isPrint())
         return false;
     const QChar c = typed[0];
-    if (c >= u'0' && c <= u'9')
+    // Digits, and commas between thousands.
+    if ((c >= u'0' && c <= u'9') || c == u',')
         return false;
     // A point is taken once: the one already there may be the text that the key replaces.
     if (c == u'.' && !box->text().remove(box->selectedText()).contains(u'.'))
@@ -39,7 +40,7 @@ frmMileage::frmMileage(ReportContext& context)
     txtRate_->setToolTip(QStringLiteral(
         "What a mile is paid, such as 0.70. Each line, the page and the report then show what "
         "their miles are paid. Leave it empty to pay nothing."));
-    txtRate_->setText(context.prefs.Value(prefkey::MileageRate).trimmed());
+    ShowRate();
     auto* caption = new QLabel(QStringLiteral("&Rate per Mile:"));
     caption->setBuddy(txtRate_);
     FooterLayout()->addWidget(caption, 2, 0);
@@ -58,15 +59,22 @@ void frmMileage::AfterEdit(qsizetype row, int column) {
 
 void frmMileage::TotalThisLine(qsizetype index) {
     ReportRow& row = report_.rows[index];
-    const QString& start = row.fields[reportcol::Start];
-    const QString& end = row.fields[reportcol::End];
-    if (start.isEmpty() || end.isEmpty()) {
+    // A reading that is empty, or no number, leaves nothing to work the miles out from.
+    const std::optional<double> start = ParseAmount(row.fields[reportcol::Start]);
+    const std::optional<double> end = ParseAmount(row.fields[reportcol::End]);
+    if (!start || !end) {
         services_.dialogs.MsgBox(kEnterZeroMessage);
         return;
     }
-    const float miles = float(Val(end)) - float(Val(start));
+    const float miles = float(*end) - float(*start);
     row.fields[reportcol::Total] = QString::number(double(miles), 'g', 7);
     ShowPage(CurrentPage());
+}
+
+void frmMileage::ShowRate() {
+    const QString kept = context_.prefs.Value(prefkey::MileageRate).trimmed();
+    const std::optional<double> rate = ParseMileageRate(kept);
+    txtRate_->setText(rate && !kept.isEmpty() ? RateText(*rate) : kept);
 }
 
 void frmMileage::txtRate_LostFocus() {
@@ -74,11 +82,14 @@ void frmMileage::txtRate_LostFocus() {
     const std::optional<double> rate = ParseMileageRate(typed);
     if (!rate) {
         services_.dialogs.MsgBox(kBadRateMessage, kWarningStyle);
-        txtRate_->setText(context_.prefs.Value(prefkey::MileageRate).trimmed());
+        ShowRate();
         return;
     }
-    if (typed != context_.prefs.Value(prefkey::MileageRate).trimmed()) {
-        context_.prefs.SetValue(prefkey::MileageRate, typed);
+    // The rate as money is written ("$0.70" is kept as "0.70"); blank is no rate.
+    const QString text = typed.isEmpty() ? typed : RateText(*rate);
+    txtRate_->setText(text);
+    if (text != context_.prefs.Value(prefkey::MileageRate).trimmed()) {
+        context_.prefs.SetValue(prefkey::MileageRate, text);
         context_.prefs.SaveUserPreferences(services_);
     }
     if (*rate != report_.rate)

@@ -13,7 +13,7 @@ public:
     explicit frmMileage(ReportContext& context);
 
     // The miles of a row from its readings: end minus start, both read as single-precision
-    // numbers; refused while either reading is empty.
+    // numbers; refused while either reading is empty or no number.
     void TotalThisLine(qsizetype row);
     // The rate typed: kept in the preferences and paid on every row.
     void txtRate_LostFocus();
@@ -24,8 +24,10 @@ protected:
     bool EditorKeyPress(int column, QKeyEvent* event) override;
 
 private:
-    // Only digits and one decimal point go into an odometer reading; keys that move or edit
-    // pass. True when the key was held back.
+    // The rate kept in the preferences, as the box shows a rate.
+    void ShowRate();
+    // Only digits, commas and one decimal point go into an odometer reading; keys that move or
+    // edit pass. True when the key was held back.
     bool txtStart_KeyPress(QKeyEvent* event);
     bool txtEnd_KeyPress(QKeyEvent* event);
 
