@@ -16,6 +16,7 @@
 
 #include "holidays_birthdays/HolidaysBirthdaysMessages.h"
 #include "shell/DateFormats.h"
+#include "shell/gui/DateDropDown.h"
 
 namespace {
 
@@ -147,6 +148,8 @@ QGroupBox* frmBirthdays::BuildFields() {
         cmbMonth_->addItem(datefmt::MonthName(month));
     for (int day = 1; day <= 31; ++day)
         cmbDay_->addItem(QString::number(day));
+    SelectAsTyped(cmbMonth_);
+    SelectAsTyped(cmbDay_);
     for (const AlertChoice& choice : kAlertChoices)
         cmbAlert_->addItem(QString::fromLatin1(choice.text), choice.period);
     txtYear_->setMaxLength(4);

@@ -18,6 +18,7 @@
 #include "shell/DateFormats.h"
 #include "shell/DateInput.h"
 #include "shell/TextFile.h"
+#include "shell/gui/DateDropDown.h"
 
 namespace {
 
@@ -68,6 +69,7 @@ frmHolidays::frmHolidays(HolidaysBirthdaysContext& context)
 
 void frmHolidays::BuildControls() {
     cmbYear_->setObjectName(QStringLiteral("cmbYear"));
+    SelectAsTyped(cmbYear_);
     lstHolidays_->setObjectName(QStringLiteral("lstHolidays"));
     txtDate_->setObjectName(QStringLiteral("txtDate"));
     txtDate_->setToolTip(QStringLiteral("Type a date, such as Dec 25 or 12/25"));

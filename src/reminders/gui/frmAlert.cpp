@@ -22,6 +22,7 @@
 #include "shell/DateInput.h"
 #include "shell/Services.h"
 #include "shell/ShellMessages.h"
+#include "shell/gui/DateDropDown.h"
 
 namespace {
 
@@ -100,6 +101,8 @@ QWidget* frmAlert::BuildEditor() {
     cmbYear_ = new QComboBox;
     cmbYear_->setObjectName(QStringLiteral("cmbYear"));
     cmbYear_->setMaxVisibleItems(20);
+    for (QComboBox* list : {cmbMonth_, cmbDay_, cmbYear_})
+        SelectAsTyped(list);
     combos->addWidget(cmbMonth_, 2);
     combos->addWidget(cmbDay_, 1);
     combos->addWidget(cmbYear_, 1);
