@@ -41,6 +41,9 @@ inline QString BirthYearMessage(int thisYear) {
                "\"Don't remember the age\".")
         .arg(thisYear);
 }
+inline const QString kBirthdayChangedQuestion =
+    QStringLiteral("The birthday entry has been changed. Do you want to save those changes?");
+inline const QString kBirthdayChangedTitle = QStringLiteral("Birthday Has Changed");
 inline QString RemoveBirthdayQuestion(const QString& name) {
     return QStringLiteral("Remove the birthday of %1?").arg(name);
 }
