@@ -252,7 +252,12 @@ void frmHolidays::cmdDelete_Click() {
 }
 
 void frmHolidays::mnuFileNew_Click() {
-    // A new list for the selected year; it replaces the year's file when it is first saved.
+    // A new list for the selected year; it replaces the year's file when it is first saved,
+    // so a year that has holidays is emptied only once the user has agreed.
+    if (lstHolidays_->count() > 0 &&
+        services_.dialogs.MsgBox(NewHolidayListQuestion(selectedYear_), kQuestionStyle,
+                                 kNewHolidayListTitle) != vb::Yes)
+        return;
     lstHolidays_->clear();
     cmdAddNew_Click();
 }
