@@ -11,6 +11,13 @@ inline const QString kDateNotRecognizedMessage = QStringLiteral("Date not recogn
 inline const QString kEnterDescriptionMessage = QStringLiteral("Please enter a description.");
 inline const QString kHolidayListSavedMessage =
     QStringLiteral("Holiday List Saved. Changes will be reflected in your next calendar view.");
+inline QString NewHolidayListQuestion(int year) {
+    return QStringLiteral(
+               "Start a new, empty Holiday List for %1? The holidays listed now are replaced in "
+               "the year's file when the new list is saved.")
+        .arg(year);
+}
+inline const QString kNewHolidayListTitle = QStringLiteral("New Holiday List");
 
 inline const QString kNoBirthdaysPending = QStringLiteral("No Birthdays Pending");
 inline const QString kOneBirthdayPending = QStringLiteral("1 Birthday is Pending");
@@ -41,6 +48,9 @@ inline QString BirthYearMessage(int thisYear) {
                "\"Don't remember the age\".")
         .arg(thisYear);
 }
+inline const QString kBirthdayChangedQuestion =
+    QStringLiteral("The birthday entry has been changed. Do you want to save those changes?");
+inline const QString kBirthdayChangedTitle = QStringLiteral("Birthday Has Changed");
 inline QString RemoveBirthdayQuestion(const QString& name) {
     return QStringLiteral("Remove the birthday of %1?").arg(name);
 }

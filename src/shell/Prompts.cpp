@@ -41,21 +41,39 @@ bool IllegalFileName(Dialogs& dialogs, const QString& name) {
     return false;
 }
 
-void PromptUnsavedChanges(Dialogs& dialogs, ChangeFlags& flags, const EditorHooks& editors) {
+ChangeFlags PromptUnsavedChanges(Dialogs& dialogs, ChangeFlags& flags, const EditorHooks& editors) {
     flags.CancelRequested = false;
+    ChangeFlags givenUp;
+    const auto giveUp = [](bool& flag, bool& record) {
+        record = flag;
+        flag = false;
+    };
     if (flags.MonthIconsChanged &&
         !AskToSave(
             dialogs, flags, kMonthIconsChangedQuestion, kMonthIconsChangedTitle,
             [&] { Run(flags.TemplateMode ? editors.saveTemplateIcons : editors.saveMonthIcons); },
-            [&] { flags.MonthIconsChanged = flags.TemplateMode = false; }))
-        return;
+            [&] {
+                giveUp(flags.MonthIconsChanged, givenUp.MonthIconsChanged);
+                giveUp(flags.TemplateMode, givenUp.TemplateMode);
+            }))
+        return givenUp;
     if (Call(editors.plannerOpen) && flags.PlannerChanged &&
         !AskToSave(
             dialogs, flags, kPlannerChangedQuestion, kPlannerChangedTitle,
-            [&] { Run(editors.savePlanner); }, [&] { flags.PlannerChanged = false; }))
-        return;
+            [&] { Run(editors.savePlanner); },
+            [&] { giveUp(flags.PlannerChanged, givenUp.PlannerChanged); }))
+        return givenUp;
     if (Call(editors.notesOpen) && flags.NotesChanged)
         AskToSave(
             dialogs, flags, kNotesChangedQuestion, kNotesChangedTitle,
-            [&] { Run(editors.saveNotes); }, [&] { flags.NotesChanged = false; });
+            [&] { Run(editors.saveNotes); },
+            [&] { giveUp(flags.NotesChanged, givenUp.NotesChanged); });
+    return givenUp;
+}
+
+void KeepGivenUpChanges(ChangeFlags& flags, const ChangeFlags& givenUp) {
+    flags.MonthIconsChanged |= givenUp.MonthIconsChanged;
+    flags.TemplateMode |= givenUp.TemplateMode;
+    flags.PlannerChanged |= givenUp.PlannerChanged;
+    flags.NotesChanged |= givenUp.NotesChanged;
 }

@@ -31,5 +31,9 @@ struct EditorHooks {
 };
 
 // Asks about unsaved month icons, planner and notes, in that order, each with Yes (save), No
-// (discard) and Cancel (stop asking and set CancelRequested).
-void PromptUnsavedChanges(Dialogs& dialogs, ChangeFlags& flags, const EditorHooks& editors);
+// (discard: the flag is cleared) and Cancel (stop asking and set CancelRequested). Returns the
+// flags that No cleared, for a caller that does not go ahead after all to set them again.
+ChangeFlags PromptUnsavedChanges(Dialogs& dialogs, ChangeFlags& flags, const EditorHooks& editors);
+
+// Flags again the work that the questions' No gave up, for an action that did not happen.
+void KeepGivenUpChanges(ChangeFlags& flags, const ChangeFlags& givenUp);

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "MainWindowFixture.h"
+#include "holidays_birthdays/HolidaysBirthdaysMessages.h"
 #include "holidays_birthdays/gui/frmBirthdays.h"
 #include "shell/ShellMessages.h"
 
@@ -155,18 +156,30 @@ private slots:
         QCOMPARE(m.window->focusWidget()->objectName(), field);
     }
 
-    // Through the name, month, day, alert and age box to the birth year, which saves (the
-    // alert of a new entry is on the day).
-    void enterMovesThroughTheFieldsAndSavesFromTheLast() {
+    // Enter saves, as the default button does, the day typed ("3" on the 29th is the 3rd);
+    // closing with a person typed and not saved asks first: Cancel stays, Yes saves.
+    void enterSavesAndClosingAsksAboutAnEntryNotSaved() {
         Manager m;
-        m.window->PresetNewBirthday(12, 25);
-        QTest::keyClicks(m.control<QLineEdit>("txtName"), "Noel");
+        m.window->PresetNewBirthday(12, 29);
+        QVERIFY(m.window->QueryProgramClose());  // nothing typed: nothing asked
+        auto* name = m.control<QLineEdit>("txtName");
+        name->setText("Noel");
         m.control<QLineEdit>("txtYear")->setText("2000");
-        m.f.env.dialogs.ExpectMsgBox(kUpdated, vb::OKOnly, "");  // once, from the last
-        for (int i = 0; i < 6; ++i)
-            QTest::keyClick(m.window->focusWidget(), Qt::Key_Return);
+        QTest::keyClicks(m.control<QComboBox>("cmbDay"), "3");
+        const int style = vb::YesNoCancel | vb::Question;
+        m.f.env.dialogs
+            .ExpectMsgBox(kBirthdayChangedQuestion, style, kBirthdayChangedTitle, vb::Cancel)
+            .ExpectMsgBox(kUpdated, vb::OKOnly, "")
+            .ExpectMsgBox(kBirthdayChangedQuestion, style, kBirthdayChangedTitle, vb::Yes)
+            .ExpectMsgBox(kUpdated, vb::OKOnly, "");
+        QTest::keyClick(name, Qt::Key_Escape);
+        QTest::keyClick(m.control<QComboBox>("cmbDay"), Qt::Key_Return);
+        QCOMPARE(m.file(), kList + "12/03:00:Noel:2000\r\n");
+        name->setText("Noel Ray");
+        QTest::keyClick(name, Qt::Key_Escape);
         VERIFY_DIALOGS(m.f.env.dialogs);
-        QCOMPARE(m.file(), kList + "12/25:00:Noel:2000\r\n");
+        QCOMPARE(m.file(), kList + "12/03:00:Noel Ray:2000\r\n");
+        QVERIFY(!m.f.frame().IsChildOpen(frmBirthdays::kName));
     }
 };
 

@@ -166,6 +166,25 @@ private slots:
         VERIFY_DIALOGS(f.env.dialogs);
         QCOMPARE(f.env.read(kFile), "05/25/26:Memorial Day\r\n12/25/26:Christmas Day\r\n");
     }
+
+    // A new list empties a year that has holidays only once the user has agreed.
+    void newListAsksBeforeEmptyingAYear() {
+        MainWindowFixture f;
+        f.env.write(kFile, "12/25/26:Xmas\r\n");
+        f.Start();
+        Manager m(f);
+        auto* newList = m.window->Control<QAction>("mnuFileNew");
+        auto* list = m.window->Control<QListWidget>("lstHolidays");
+        const QString question = NewHolidayListQuestion(2026);
+        f.env.dialogs.ExpectMsgBox(question, kQuestionStyle, kNewHolidayListTitle, vb::No)
+            .ExpectMsgBox(question, kQuestionStyle, kNewHolidayListTitle, vb::Yes);
+        newList->trigger();
+        QCOMPARE(list->count(), 1);
+        newList->trigger();
+        QCOMPARE(list->count(), 0);
+        newList->trigger();  // nothing left to lose: nothing asked
+        VERIFY_DIALOGS(f.env.dialogs);
+    }
 };
 
 ORVANTA_TEST_MAIN(HolidayManagerTest)

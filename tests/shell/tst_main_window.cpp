@@ -11,13 +11,19 @@
 #include <QPlainTextEdit>
 #include <QSet>
 #include <QSignalSpy>
+#include <QTableWidget>
 #include <QToolButton>
 
 #include "MainWindowFixture.h"
 #include "Version.h"
 #include "calendar/gui/CalendarView.h"
+#include "holidays_birthdays/HolidaysBirthdaysMessages.h"
+#include "notes_planner/gui/NotesPlannerMessages.h"
+#include "reminders/RemindersMessages.h"
+#include "reports/ReportMessages.h"
 #include "shell/ShellMessages.h"
 #include "shell/UserPreferences.h"
+#include "shell/gui/ChildWindow.h"
 
 class MainWindowTest : public QObject {
     Q_OBJECT
@@ -247,6 +253,64 @@ private slots:
         f->env.dialogs.ExpectMsgBox(kMonthIconsChangedQuestion, vb::YesNoCancel | vb::Question,
                                     kMonthIconsChangedTitle, vb::Cancel);
         QVERIFY(!f->frame().close());
+        QVERIFY(f->frame().isVisible());
+    }
+
+    // Work answered No to as the program closes, the close then called off, is asked about
+    // again: by its window as it closes (by the program, for the month icons).
+    void calledOffCloseKeepsTheWorkUnsaved_data() {
+        QTest::addColumn<QString>("menu");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QStringList>("asked");  // by the program, then by the window
+        using S = QStringList;
+        const S toDo{kToDoChangedQuestion, kToDoChangedTitle};
+        const S birthday{kBirthdayChangedQuestion, kBirthdayChangedTitle};
+        const S budget{kBudgetChangedQuestion, kBudgetChangedTitle};
+        QTest::newRow("planner") << "mnuOptDateOpenPlanner"
+                                 << "txt_0"
+                                 << S{kPlannerChangedQuestion, kPlannerChangedTitle,
+                                      kPlannerCloseQuestion, kPlannerCloseTitle};
+        QTest::newRow("notes") << "mnuOptDateOpenNotes"
+                               << "txtNotes"
+                               << S{kNotesChangedQuestion, kNotesChangedTitle, kNotesCloseQuestion,
+                                    kNotesCloseTitle};
+        QTest::newRow("to-do") << "mnuManageToDo"
+                               << "txt_0" << toDo + toDo;
+        QTest::newRow("birthday") << "mnuManageBDays"
+                                  << "txtName" << birthday + birthday;
+        QTest::newRow("budget") << "mnuManageBudget"
+                                << "grdBudget" << budget + budget;
+        const S icons{kMonthIconsChangedQuestion, kMonthIconsChangedTitle};
+        QTest::newRow("month icons") << ""
+                                     << "" << icons + icons;
+    }
+    void calledOffCloseKeepsTheWorkUnsaved() {
+        QFETCH(QString, menu);
+        QFETCH(QString, field);
+        QFETCH(QStringList, asked);
+        QApplication::setActiveWindow(&f->frame());
+        f->menu("mnuOptDateOpenPlanner")->trigger();  // the program asks before it closes
+        QWidget* window = nullptr;
+        if (menu.isEmpty()) {
+            f->env.state->changes.MonthIconsChanged = true;
+        } else {
+            f->menu(menu)->trigger();
+            window = f->frame().mdiArea()->activeSubWindow()->widget();
+            auto* control = window->findChild<QWidget*>(field);
+            if (auto* grid = qobject_cast<QTableWidget*>(control))
+                grid->item(0, 1)->setText("75");
+            else
+                QTest::keyClicks(control, "Dentist");
+        }
+        const int style = vb::YesNoCancel | vb::Question;
+        f->env.dialogs.ExpectMsgBox(asked[0], style, asked[1], vb::No)
+            .ExpectMsgBox(kCloseQuestion, kQuestionStyle, kCloseTitle, vb::No)
+            .ExpectMsgBox(asked[2], style, asked[3], vb::Cancel);
+        QVERIFY(!f->frame().close());
+        if (window)
+            static_cast<ChildWindow*>(window)->CloseWindow();
+        else
+            QVERIFY(!f->frame().close());
         QVERIFY(f->frame().isVisible());
     }
 };

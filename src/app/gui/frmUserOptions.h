@@ -40,6 +40,7 @@ public:
 
 protected:
     bool Form_QueryUnload() override;
+    bool AsksWhenProgramCloses() const override { return true; }
 
 private:
     void AddField(QFormLayout* form, const QString& key, const QString& caption, QWidget* control,

@@ -44,6 +44,7 @@ public:
 private:
     void Form_Load();
     bool Form_QueryUnload() override;
+    bool AsksWhenProgramCloses() const override { return true; }
     void FillList(qsizetype selected);
     void ShowFields(const Contact* person);
     bool eventFilter(QObject* watched, QEvent* event) override;

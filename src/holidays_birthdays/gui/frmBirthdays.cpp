@@ -16,6 +16,7 @@
 
 #include "holidays_birthdays/HolidaysBirthdaysMessages.h"
 #include "shell/DateFormats.h"
+#include "shell/gui/DateDropDown.h"
 
 namespace {
 
@@ -147,6 +148,8 @@ QGroupBox* frmBirthdays::BuildFields() {
         cmbMonth_->addItem(datefmt::MonthName(month));
     for (int day = 1; day <= 31; ++day)
         cmbDay_->addItem(QString::number(day));
+    SelectAsTyped(cmbMonth_);
+    SelectAsTyped(cmbDay_);
     for (const AlertChoice& choice : kAlertChoices)
         cmbAlert_->addItem(QString::fromLatin1(choice.text), choice.period);
     txtYear_->setMaxLength(4);
@@ -203,31 +206,41 @@ void frmBirthdays::ConnectKeys() {
                                 cmdSave_,      cmdDelete_,    cmdClose_};
     for (qsizetype i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
-    OnEnter("Form_KeyPress", [this] { NextField(); });
+    OnEnter("Form_KeyPress", [this] { Form_KeyPress(); });
     auto* deleteKey = new QShortcut(QKeySequence::Delete, lstBirthdays_);
     deleteKey->setContext(Qt::WidgetShortcut);
     On(deleteKey, &QShortcut::activated, "lstBirthdays_KeyDown", [this] { cmdDelete_Click(); });
 }
 
-void frmBirthdays::NextField() {
-    QWidget* focus = focusWidget();
-    if (auto* button = qobject_cast<QPushButton*>(focus)) {
+void frmBirthdays::Form_KeyPress() {
+    if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
         button->click();
-        return;
-    }
-    // From the list to the entry it selected; the age box comes before the year it turns off.
-    const QList<QWidget*> fields{lstBirthdays_, txtName_,  cmbMonth_, cmbDay_,
-                                 cmbAlert_,     chkNoAge_, txtYear_};
-    const qsizetype at = fields.indexOf(focus);
-    if (at < 0)
-        return;
-    for (qsizetype next = at + 1; next < fields.size(); ++next) {
-        if (fields[next]->isEnabled()) {
-            fields[next]->setFocus(Qt::TabFocusReason);
+    else
+        cmdSave_Click();
+}
+
+frmBirthdays::EntryFields frmBirthdays::Fields() const {
+    return {txtName_->text(),          cmbMonth_->currentIndex(), cmbDay_->currentIndex(),
+            cmbAlert_->currentIndex(), chkNoAge_->isChecked(),    txtYear_->text()};
+}
+
+bool frmBirthdays::Form_QueryUnload() {
+    bool mayClose = true;
+    services_.Trap("Form_QueryUnload", [&] {
+        if (Fields() == shown_)
             return;
+        switch (services_.dialogs.MsgBox(kBirthdayChangedQuestion, vb::YesNoCancel | vb::Question,
+                                         kBirthdayChangedTitle)) {
+            case vb::Yes:
+                mayClose = cmdSave_Click();
+                break;
+            case vb::No:
+                break;
+            default:
+                mayClose = false;
         }
-    }
-    cmdSave_Click();
+    });
+    return mayClose;
 }
 
 bool frmBirthdays::SortedByName() const {
@@ -284,6 +297,7 @@ void frmBirthdays::ShowEntry(const BirthdayRecord& record) {
     chkNoAge_->setChecked(noAge);
     txtYear_->setText(noAge ? QString() : record.birthYear);
     ShowAge();
+    shown_ = Fields();
 }
 
 void frmBirthdays::ShowAge() {
@@ -295,6 +309,8 @@ void frmBirthdays::PresetNewBirthday(int month, int day) {
     cmdNew_Click();
     cmbMonth_->setCurrentIndex(month - 1);
     cmbDay_->setCurrentIndex(day - 1);
+    // The day chosen on the calendar is not typing of the user's.
+    shown_ = Fields();
 }
 
 void frmBirthdays::lstBirthdays_Click() {
@@ -348,16 +364,16 @@ std::optional<BirthdayRecord> frmBirthdays::EnteredRecord() {
                           cmbAlert_->currentData().toInt(), name, birthYear};
 }
 
-void frmBirthdays::cmdSave_Click() {
+bool frmBirthdays::cmdSave_Click() {
     const std::optional<BirthdayRecord> record = EnteredRecord();
     if (!record)
-        return;
+        return false;
     QList<BirthdayRecord> records = records_;
     if (editing_ >= 0)
         records[editing_] = *record;
     else
         records.append(*record);
-    Store(records, record);
+    return Store(records, record);
 }
 
 void frmBirthdays::cmdDelete_Click() {

@@ -18,8 +18,10 @@ class QRadioButton;
 
 // "Birthday Manager": everybody's birthday, alert period and birth year, listed in order of
 // the birthday or of the name. The fields hold either a new person or the entry selected in
-// the list. Every change is written to the file at once, in the order on show, and the list
-// is read back, so that the calendar and the pending birthdays follow it.
+// the list; Enter saves them, as the default button "Save Birthday" does, and closing the
+// window with fields not saved asks first. Every change is written to the file at once, in
+// the order on show, and the list is read back, so that the calendar and the pending
+// birthdays follow it.
 class frmBirthdays : public ChildWindow {
     Q_OBJECT
 public:
@@ -33,19 +35,38 @@ public:
     void lstBirthdays_Click();
     void optSort_Click();
     void cmdNew_Click();
-    // Adds the person, or replaces the selected entry, once the fields are right.
-    void cmdSave_Click();
+    // Adds the person, or replaces the selected entry, once the fields are right; false when
+    // nothing was saved.
+    bool cmdSave_Click();
     // Removes the selected entry, once the user has agreed.
     void cmdDelete_Click();
 
+protected:
+    // Fields typed and not saved: Yes saves (and closes only when that worked), No closes
+    // without saving, Cancel keeps the window open.
+    bool Form_QueryUnload() override;
+    bool AsksWhenProgramCloses() const override { return true; }
+
 private:
+    // What the entry's fields hold, as typed.
+    struct EntryFields {
+        QString name;
+        int month = -1;
+        int day = -1;
+        int alert = -1;
+        bool noAge = false;
+        QString year;
+        bool operator==(const EntryFields&) const = default;
+    };
+
     QLayout* BuildList();
     QGroupBox* BuildFields();
     QLayout* BuildButtons();
     void BuildMenus();
     void ConnectKeys();
-    // Enter moves on to the next field; on the last one, it saves.
-    void NextField();
+    // Enter on a button presses it; anywhere else it saves the entry.
+    void Form_KeyPress();
+    EntryFields Fields() const;
 
     bool SortedByName() const;
     // Lists records, sorted as chosen, and selects the entry equal to selected; returns its
@@ -70,6 +91,9 @@ private:
     QList<BirthdayRecord> records_;
     // The row whose entry the fields hold, -1 for a new person.
     int editing_ = -1;
+    // The fields as the list (or a new person) filled them: anything else is typed and not
+    // saved.
+    EntryFields shown_;
 
     QListWidget* lstBirthdays_;
     QRadioButton* optSortMonth_;

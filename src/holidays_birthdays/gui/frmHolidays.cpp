@@ -18,6 +18,7 @@
 #include "shell/DateFormats.h"
 #include "shell/DateInput.h"
 #include "shell/TextFile.h"
+#include "shell/gui/DateDropDown.h"
 
 namespace {
 
@@ -68,6 +69,7 @@ frmHolidays::frmHolidays(HolidaysBirthdaysContext& context)
 
 void frmHolidays::BuildControls() {
     cmbYear_->setObjectName(QStringLiteral("cmbYear"));
+    SelectAsTyped(cmbYear_);
     lstHolidays_->setObjectName(QStringLiteral("lstHolidays"));
     txtDate_->setObjectName(QStringLiteral("txtDate"));
     txtDate_->setToolTip(QStringLiteral("Type a date, such as Dec 25 or 12/25"));
@@ -239,7 +241,12 @@ void frmHolidays::cmdDelete_Click() {
 }
 
 void frmHolidays::mnuFileNew_Click() {
-    // A new list for the selected year; it replaces the year's file when it is first saved.
+    // A new list for the selected year; it replaces the year's file when it is first saved,
+    // so a year that has holidays is emptied only once the user has agreed.
+    if (lstHolidays_->count() > 0 &&
+        services_.dialogs.MsgBox(NewHolidayListQuestion(selectedYear_), kQuestionStyle,
+                                 kNewHolidayListTitle) != vb::Yes)
+        return;
     lstHolidays_->clear();
     cmdAddNew_Click();
 }

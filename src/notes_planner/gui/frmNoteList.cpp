@@ -20,6 +20,7 @@
 #include "notes_planner/modPlanner.h"
 #include "shell/DateFormats.h"
 #include "shell/Services.h"
+#include "shell/gui/DateDropDown.h"
 #include "shell/gui/frmMain.h"
 
 namespace {
@@ -94,6 +95,8 @@ QGroupBox* frmNoteList::BuildPanel(int panel) {
     year->setObjectName(ArrayName(QStringLiteral("cmbYear"), panel));
     auto* month = new QComboBox;
     month->setObjectName(ArrayName(QStringLiteral("cmbMonth"), panel));
+    SelectAsTyped(year);
+    SelectAsTyped(month);
     auto* list = new QListWidget;
     list->setObjectName(ArrayName(QStringLiteral("lst"), panel));
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);

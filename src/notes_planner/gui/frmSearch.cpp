@@ -17,6 +17,7 @@
 #include "notes_planner/SearchState.h"
 #include "notes_planner/gui/NotesPlannerMessages.h"
 #include "shell/DateFormats.h"
+#include "shell/gui/DateDropDown.h"
 
 namespace {
 
@@ -58,6 +59,8 @@ QWidget* frmSearch::BuildTimePeriodFrame() {
     frame->setObjectName(QStringLiteral("framTimePeriod"));
     cmbYear_->setObjectName(QStringLiteral("cmbYear"));
     cmbMonth_->setObjectName(QStringLiteral("cmbMonth"));
+    SelectAsTyped(cmbYear_);
+    SelectAsTyped(cmbMonth_);
     cmbPhrase_->setObjectName(QStringLiteral("cmbPhrase"));
     cmbPhrase_->setEditable(true);
     cmbPhrase_->setInsertPolicy(QComboBox::NoInsert);

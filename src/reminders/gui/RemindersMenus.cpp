@@ -1,6 +1,5 @@
 #include "reminders/gui/RemindersMenus.h"
 
-#include <QCloseEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
@@ -51,7 +50,6 @@ RemindersMenus::RemindersMenus(frmMain& frame, Services& services, const DateMod
     ConnectMenus();
     ConnectIndicator();
     ConnectToDoPanel();
-    frame_.installEventFilter(this);
 }
 
 void RemindersMenus::ConnectMenus() {
@@ -110,10 +108,6 @@ bool RemindersMenus::eventFilter(QObject* watched, QEvent* event) {
     if (watched == imgAlert_ && event->type() == QEvent::MouseButtonRelease &&
         static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
         cmdAlert_->click();
-    if (watched == &frame_ && event->type() == QEvent::Close && !AskToDoBeforeClosing()) {
-        event->ignore();
-        return true;
-    }
     return QObject::eventFilter(watched, event);
 }
 
@@ -268,9 +262,4 @@ void RemindersMenus::RaiseMainWindow() {
         frame_.showNormal();
     frame_.raise();
     frame_.activateWindow();
-}
-
-bool RemindersMenus::AskToDoBeforeClosing() {
-    frmToDo* window = toDoWindow();
-    return !window || window->AskToSave();
 }

@@ -61,8 +61,6 @@ private:
     void RaiseMainWindow();
     // After midnight: what is pending is worked out again for the new day.
     void NewDay();
-    // Before the program closes: the to-do window's unsaved changes are asked about.
-    bool AskToDoBeforeClosing();
 
     frmMain& frame_;
     Services& services_;

@@ -21,6 +21,7 @@
 #include "shell/DateInput.h"
 #include "shell/Services.h"
 #include "shell/ShellMessages.h"
+#include "shell/gui/DateDropDown.h"
 #include "shell/gui/FocusLoss.h"
 
 namespace {
@@ -92,6 +93,8 @@ QWidget* frmAlert::BuildEditor() {
     cmbYear_ = new QComboBox;
     cmbYear_->setObjectName(QStringLiteral("cmbYear"));
     cmbYear_->setMaxVisibleItems(20);
+    for (QComboBox* list : {cmbMonth_, cmbDay_, cmbYear_})
+        SelectAsTyped(list);
     combos->addWidget(cmbMonth_, 2);
     combos->addWidget(cmbDay_, 1);
     combos->addWidget(cmbYear_, 1);

@@ -221,7 +221,9 @@ bool frmToDo::AskToSave() {
         case vb::Yes:
             return mnuFileSave_Click();
         case vb::No:
-            changed_ = false;
+            // The flag stays: what follows replaces or closes the rows anyway, and when it
+            // does not (no list picked, the program's close called off), the changes are
+            // still there to be asked about.
             return true;
         default:
             return false;

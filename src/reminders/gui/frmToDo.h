@@ -24,7 +24,7 @@ public:
     // The rows as the window shows them.
     ToDoRows Rows() const;
     bool IsChanged() const { return changed_; }
-    // The closing question when the list has changed: Yes saves, No gives the changes up,
+    // The closing question when the list has changed: Yes saves, No goes on without saving,
     // Cancel keeps the window open. Returns whether the window may close.
     bool AskToSave();
 
@@ -40,6 +40,7 @@ public:
 
 protected:
     bool Form_QueryUnload() override;
+    bool AsksWhenProgramCloses() const override { return true; }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

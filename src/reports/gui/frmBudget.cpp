@@ -322,7 +322,8 @@ bool frmBudget::Form_QueryUnload() {
                 mayClose = cmdSave_Click();
                 break;
             case vb::No:
-                changed_ = false;
+                // The window closes without saving; the flag stays for a close of the
+                // program that a later answer calls off.
                 break;
             default:
                 mayClose = false;

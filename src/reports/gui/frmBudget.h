@@ -36,6 +36,7 @@ public:
 
 protected:
     bool Form_QueryUnload() override;
+    bool AsksWhenProgramCloses() const override { return true; }
     // Once the window is in the main window: whenever it is brought to the front again, the
     // spending is read afresh, so that pages saved meanwhile count.
     void showEvent(QShowEvent* event) override;

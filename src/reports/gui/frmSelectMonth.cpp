@@ -10,6 +10,7 @@
 
 #include "reports/ReportMessages.h"
 #include "shell/DateFormats.h"
+#include "shell/gui/DateDropDown.h"
 
 frmSelectMonth::frmSelectMonth(Services& services, const QList<int>& years, const QDate& shown,
                                std::function<void(const ReportPeriod&)> run,
@@ -21,6 +22,8 @@ frmSelectMonth::frmSelectMonth(Services& services, const QList<int>& years, cons
       cmbYear_(new QComboBox) {
     cmbMonth_->setObjectName(QStringLiteral("cmbMonth"));
     cmbYear_->setObjectName(QStringLiteral("cmbYear"));
+    SelectAsTyped(cmbMonth_);
+    SelectAsTyped(cmbYear_);
     auto* frame = new QGroupBox(QStringLiteral("Select a Date Period Below"));
     frame->setObjectName(QStringLiteral("framMonthByMonth"));
     auto* grid = new QGridLayout(frame);

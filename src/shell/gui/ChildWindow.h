@@ -34,6 +34,12 @@ public:
     // Closes the window, with its frame inside the main window when it has one.
     void CloseWindow();
 
+    // The program is about to close: a window with unsaved work asks about it as it does when
+    // it is closed itself. Returns false when the user chose to stay. An answer of No must
+    // leave the work flagged as unsaved: the program may still stay open, and then the work
+    // is asked about again when the window closes.
+    bool QueryProgramClose() { return !AsksWhenProgramCloses() || Form_QueryUnload(); }
+
     QSize sizeHint() const override;
 
 protected:
@@ -64,6 +70,9 @@ protected:
     // Asked before the window closes. An editor with unsaved work asks about it here and
     // returns false to stay open.
     virtual bool Form_QueryUnload() { return true; }
+    // Whether closing the program asks this window about its unsaved work. The planner, the
+    // notes and the month icons are asked by the program's own closing questions instead.
+    virtual bool AsksWhenProgramCloses() const { return false; }
 
     void closeEvent(QCloseEvent* event) override;
 

@@ -9,12 +9,14 @@
 #include "shell/DateFormats.h"
 #include "shell/DateInput.h"
 #include "shell/gui/Controls.h"
+#include "shell/gui/DateDropDown.h"
 
 namespace {
 
 QComboBox* Combo(const QString& array, int side) {
     auto* box = new QComboBox;
     box->setObjectName(ArrayName(array, side));
+    SelectAsTyped(box);
     return box;
 }
 

@@ -17,6 +17,7 @@
 #include "shell/ShellMessages.h"
 #include "shell/UserPreferences.h"
 #include "shell/gui/Accessibility.h"
+#include "shell/gui/ChildWindow.h"
 #include "shell/gui/Icons.h"
 #include "shell/gui/OneLineBoxes.h"
 
@@ -187,6 +188,15 @@ QWidget* frmMain::ShowChild(const QString& name, const std::function<QWidget*()>
 
 // ---- closing -----------------------------------------------------------------------------
 
+bool frmMain::AskOpenWindows() {
+    for (QMdiSubWindow* sub : mdi_->subWindowList()) {
+        auto* window = qobject_cast<::ChildWindow*>(sub->widget());
+        if (window && !window->QueryProgramClose())
+            return false;
+    }
+    return true;
+}
+
 bool frmMain::AskToClose() {
     for (const QString& name : kWindowsConfirmedOnClose) {
         if (IsChildOpen(name))
@@ -197,8 +207,11 @@ bool frmMain::AskToClose() {
 
 void frmMain::closeEvent(QCloseEvent* event) {
     closing_ = true;
-    PromptUnsavedChanges(services_.dialogs, changes_, editors_);
-    if (changes_.CancelRequested || !AskToClose()) {
+    const ChangeFlags givenUp = PromptUnsavedChanges(services_.dialogs, changes_, editors_);
+    if (changes_.CancelRequested || !AskOpenWindows() || !AskToClose()) {
+        // Work given up with No is still unsaved: the close it was given up for did not
+        // happen, and closing its editor later must ask about it again.
+        KeepGivenUpChanges(changes_, givenUp);
         closing_ = false;
         event->ignore();
         return;

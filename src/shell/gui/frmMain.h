@@ -82,6 +82,9 @@ private:
     void cmbMonth_Click();
     void cmbYear_Click();
     void txtDate_Enter();
+    // The open windows' own questions about unsaved work; false when the user chose to stay.
+    bool AskOpenWindows();
+    // The closing question asked while the planner or a report is open.
     bool AskToClose();
     // The frame's place and size: as the user left it, or the screen's free area.
     void RestorePosition();

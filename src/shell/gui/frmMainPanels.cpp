@@ -15,6 +15,7 @@
 
 #include "shell/DateFormats.h"
 #include "shell/gui/Controls.h"
+#include "shell/gui/DateDropDown.h"
 #include "shell/gui/Icons.h"
 #include "shell/gui/frmMain.h"
 
@@ -136,6 +137,8 @@ QLayout* frmMain::BuildSelectorRow() {
     for (int year = kFirstYear; year <= kLastYear; ++year)
         cmbYear_->addItem(QString::number(year));
     cmbYear_->setMaxVisibleItems(20);
+    for (QComboBox* list : {cmbMonth_, cmbDay_, cmbYear_})
+        SelectAsTyped(list);
     row->addWidget(cmbMonth_);
     row->addWidget(cmbDay_);
     row->addWidget(cmbYear_);
