@@ -111,7 +111,7 @@ public:
     void AddJournal(const IcsJournal& journal) {
         QString text = journal.text;
         text.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
-        if (const auto bad = textfile::FirstUnstorableCharacter(text)) {
+        if (const auto bad = FirstUnkeptCharacter(NotesLayout(), text, true)) {
             Refuse(journal.date, *bad, text.section(QLatin1Char('\r'), 0, 0));
             return;
         }
@@ -199,7 +199,7 @@ private:
     // text as its slot keeps it: cut to width (said so), or nothing when it holds a character
     // the files cannot hold (said so).
     std::optional<QString> Fit(const QString& text, qsizetype width, const QDate& date) {
-        if (const auto bad = textfile::FirstUnstorableCharacter(text)) {
+        if (const auto bad = FirstUnkeptCharacter(PlannerLayout(), text, true)) {
             Refuse(date, *bad, text);
             return std::nullopt;
         }

@@ -41,14 +41,24 @@ QString OnOneLine(QStringView text) {
     return line;
 }
 
+std::optional<QString> FirstUnkeptCharacter(const RecordLayout& layout, QStringView field,
+                                            bool last) {
+    if (last && layout.encodesLineBreaks) {
+        for (const QChar c : field)
+            if (c == kEncodedCr || c == kEncodedLf)
+                return QString(c);
+    }
+    return textfile::FirstUnstorableCharacter(field);
+}
+
 std::optional<QString> FieldProblem(const RecordLayout& layout, QStringView field, bool last) {
     const bool keepsLineBreaks = last && layout.encodesLineBreaks;
-    for (const QChar c : field) {
-        if (keepsLineBreaks && (c == kEncodedCr || c == kEncodedLf))
-            return LineBreakCharacterMessage(QString(c));
+    if (const auto bad = FirstUnkeptCharacter(layout, field, last)) {
+        const bool lineBreak = bad->size() == 1 && (bad->front() == QChar(kEncodedCr) ||
+                                                    bad->front() == QChar(kEncodedLf));
+        return keepsLineBreaks && lineBreak ? LineBreakCharacterMessage(*bad)
+                                            : textfile::UnstorableCharacterMessage(*bad);
     }
-    if (const auto bad = textfile::FirstUnstorableCharacter(field))
-        return textfile::UnstorableCharacterMessage(*bad);
     if (!keepsLineBreaks && std::any_of(field.begin(), field.end(), IsLineBreak))
         return FieldBreaksLineMessage(field.toString(), kLineBreakName);
     if (!last && !layout.separator.isNull() && field.contains(layout.separator))

@@ -46,6 +46,12 @@ QString DecodeLineBreaks(QString text);
 // field it puts into a record.
 QString OnOneLine(QStringView text);
 
+// The first character of field (last: the record's last field) that layout's files cannot keep:
+// one outside the code page, or, in a field that keeps its line breaks, one of the two
+// characters that stand for them. nullopt when there is none.
+std::optional<QString> FirstUnkeptCharacter(const RecordLayout& layout, QStringView field,
+                                            bool last);
+
 // Why field cannot be written as a field of layout's records (last: the record's last field):
 // a character the files cannot hold, a line break, or the field separator where the reader
 // would split the line at it. nullopt when it can be written.
