@@ -13,7 +13,6 @@
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QPushButton>
-#include <functional>
 
 #include "MainWindowFixture.h"
 #include "holidays_birthdays/gui/HolidaysBirthdaysContext.h"
@@ -29,6 +28,7 @@
 namespace {
 
 const QDate kDay(2026, 9, 8);
+const QByteArray kContacts = "Ann:a@x.org:Sales\r\nBea:b@x.org:x\r\nCy:c@x.org:HQ\r\n";
 
 // How a field keeps text: on one line at the end of its record, on one line before another
 // field (where ":" would split the record), or with its line breaks (a note).
@@ -58,193 +58,148 @@ QList<QByteArray> Lines(const QByteArray& bytes) {
     return lines;
 }
 
-// A store's field with three records in its file, the middle one taking the string.
+// Each store's field: text put into the middle one of three records through the store's own
+// read and save, then read back afresh. A planner line keeps at most its width.
+using Put = QString (*)(TestEnv&, const QString&);
+
+QString PutPlannerLine(TestEnv& env, const QString& text) {
+    PlannerPage page = NewPlannerPage();
+    page.slotTexts[0] = text;
+    env.select(kDay);
+    if (env.state->planner.SavePlannerRecord(kDay, page))
+        env.state->planner.SaveThisYearsPlannerFile();
+    env.state->planner.ReadThisYearsPlanner();
+    return ParsePlannerRecord(env.state->planner.RecordOf(kDay)).slotTexts[0];
+}
+QString PutNote(TestEnv& env, const QString& text) {
+    env.select(kDay);
+    env.state->notes.SaveThisYearsNotes(kDay, text);
+    return env.state->notes.NoteOf(kDay);
+}
+QString PutHoliday(TestEnv& env, const QString& text) {
+    HolidayList list = ReadHolidayList(env.state->services, "LoadHolidayList", 2026);
+    QStringList lines = *list.lines;
+    lines[1] = "09/08/26:" + text;
+    SaveHolidayList(env.state->services, "SaveHolidayFile", list.file, lines);
+    return SplitHolidayLine(ReadHolidayList(env.state->services, "", 2026).lines->at(1)).name;
+}
+QString PutBirthdayName(TestEnv& env, const QString& text) {
+    BirthdayStore& birthdays = env.state->birthdays;
+    birthdays.ReadBirthdays();
+    QList<BirthdayRecord> people = birthdays.records;
+    people[1].name = text;
+    birthdays.SaveBirthdays(people, false);
+    birthdays.ReadBirthdays();
+    return birthdays.records.value(1).name;
+}
+QString PutAlert(TestEnv& env, const QString& text) {
+    AlertsStore& alerts = env.state->alerts;
+    alerts.ReadAlerts();
+    QStringList lines = alerts.alertLines;
+    lines[1] = MakeAlertLine(DateOfSerial(46273), 1, text);
+    alerts.SaveAlerts(lines);
+    alerts.ReadAlerts();
+    return alerts.alertMessages.value(1);
+}
+QString PutToDo(TestEnv& env, const QString& text) {
+    env.state->toDo.ReadToDoList();
+    ToDoRows rows = env.state->toDo.rows();
+    rows.texts[1] = text;
+    env.state->toDo.SaveToDoList(rows);
+    env.state->toDo.ReadToDoList();
+    return env.state->toDo.rows().texts[1];
+}
+QString PutTerm(TestEnv& env, const QString& text) {
+    env.state->terms.ReadFrequentlyUsedTerms();
+    QStringList terms = env.state->terms.Terms();
+    terms[1] = text;
+    env.state->terms.SaveFrequentlyUsedTerms(terms);
+    env.state->terms.ReadFrequentlyUsedTerms();
+    return env.state->terms.Terms().value(1);
+}
+QString PutContact(TestEnv& env, const QString& text, QString Contact::*field) {
+    ContactList& contacts = env.state->contacts;
+    contacts.ReadEmployeeInfo();
+    Contact bea = contacts.People()[1];
+    contacts.Remove(1);
+    bea.*field = text;
+    contacts.Put(bea);
+    contacts.SaveEmployeeInfo();
+    contacts.ReadEmployeeInfo();
+    for (const Contact& person : contacts.People())
+        if (person.address == "b@x.org")
+            return person.*field;
+    return "<gone>";
+}
+QString PutMarkHover(TestEnv& env, const QString& text) {
+    env.select(kDay);
+    env.state->marks.HoverText[*env.state->dates.FindDay(kDay)] = text;
+    env.state->marks.SaveThisYearsMarks();
+    env.state->marks.ReadAndDisplayThisYearsMarks();
+    return env.state->marks.HoverTextOf(kDay);
+}
+QString PutPreference(TestEnv& env, const QString& text) {
+    env.state->prefs.GetUserPreferences(env.state->services);
+    env.state->prefs.SetValue(prefkey::CompanyPhone, text);
+    env.state->prefs.SaveUserPreferences(env.state->services);
+    env.state->prefs.GetUserPreferences(env.state->services);
+    return env.state->prefs.Value(prefkey::CompanyPhone);
+}
+
 struct FieldCase {
     QString file;
-    QByteArray before;
+    QByteArray before;  // empty: written by a first save of the store
     Kind kind;
-    // Puts text into the middle record's field through the store's read and save; returns
-    // whether it was saved. confirmation is the box a save shows, if any.
-    std::function<bool(TestEnv&, const QString&)> save;
-    QString confirmation;
-    // The field as a fresh read gives it back.
-    std::function<QString(TestEnv&)> readBack;
-    // Planner fields keep at most this many characters, blanks trimmed (0: any text).
+    Put put;
+    QString confirmation = {};  // the box a save shows, if any
     int width = 0;
-    // Writes the file's first content, when before does not say it.
-    std::function<void(TestEnv&)> prepare = {};
 };
 
 QMap<QString, FieldCase> StoreFields() {
-    QMap<QString, FieldCase> cases;
-    cases["planner line"] = {
-        "2026/Planner.dat",
-        {},
-        Kind::OneLine,
-        [](TestEnv& env, const QString& text) {
-            PlannerPage page = NewPlannerPage();
-            page.slotTexts[0] = text;
-            env.select(kDay);
-            return env.state->planner.SavePlannerRecord(kDay, page) &&
-                   env.state->planner.SaveThisYearsPlannerFile();
-        },
-        kPlannerRecordsUpdatedMessage,
-        [](TestEnv& env) {
-            env.state->planner.ReadThisYearsPlanner();
-            return ParsePlannerRecord(env.state->planner.RecordOf(kDay)).slotTexts[0];
-        },
-        SlotWidth(0),
-        [](TestEnv& env) {
-            PlannerPage page = NewPlannerPage();
-            page.slotTexts[0] = "kept";
-            const QList<QDate> dates{kDay.addDays(-1), kDay, kDay.addDays(1)};
-            env.state->planner.PutPlanners(2026, dates, {page, page, page});
-        }};
-    cases["note"] = {
-        "2026/Notes.dat",
-        "09/07/26:080101:one\xd5\xd2two\r\n09/08/26:080201:x\r\n09/09/26:080301:three\r\n",
-        Kind::Note,
-        [](TestEnv& env, const QString& text) {
-            env.select(kDay);
-            return env.state->notes.SaveThisYearsNotes(kDay, text);
-        },
-        kNotesSavedMessage,
-        [](TestEnv& env) {
-            env.state->notes.ReadThisYearsNotes();
-            return env.state->notes.NoteOf(kDay);
-        }};
-    cases["holiday description"] = {
-        "Holidays/2026Holidays.dat",
-        "09/07/26:Labor Day\r\n09/08/26:x\r\n12/25/26:Christmas\r\n",
-        Kind::OneLine,
-        [](TestEnv& env, const QString& text) {
-            HolidayList list = ReadHolidayList(env.state->services, "LoadHolidayList", 2026);
-            QStringList lines = *list.lines;
-            lines[1] = "09/08/26:" + text;
-            return SaveHolidayList(env.state->services, "SaveHolidayFile", list.file, lines);
-        },
-        {},
-        [](TestEnv& env) {
-            return SplitHolidayLine(ReadHolidayList(env.state->services, "", 2026).lines->at(1))
-                .name;
-        }};
-    cases["birthday name"] = {"Birthdays.dat",
-                              "01/02:00:Ann:1990\r\n03/04:01:x:****\r\n05/06:-1:Cy:2001\r\n",
-                              Kind::BeforeAnother,
-                              [](TestEnv& env, const QString& text) {
-                                  env.state->birthdays.ReadBirthdays();
-                                  QList<BirthdayRecord> people = env.state->birthdays.records;
-                                  people[1].name = text;
-                                  return env.state->birthdays.SaveBirthdays(people, false);
-                              },
-                              {},
-                              [](TestEnv& env) {
-                                  env.state->birthdays.ReadBirthdays();
-                                  return env.state->birthdays.records.value(1).name;
-                              }};
-    cases["alert message"] = {kAlertsFile,
-                              "46272:0000:first\r\n46273:0001:x\r\n46274:0002:third: late\r\n",
-                              Kind::OneLine,
-                              [](TestEnv& env, const QString& text) {
-                                  env.state->alerts.ReadAlerts();
-                                  QStringList lines = env.state->alerts.alertLines;
-                                  lines[1] = MakeAlertLine(DateOfSerial(46273), 1, text);
-                                  return env.state->alerts.SaveAlerts(lines);
-                              },
-                              kAlertListUpdated,
-                              [](TestEnv& env) {
-                                  env.state->alerts.ReadAlerts();
-                                  return env.state->alerts.alertMessages.value(1);
-                              }};
-    cases["to-do item"] = {
-        kToDoFile,
-        "\xf3one\r\n\xf5x\r\n\xf5three\r\n\xf5\r\n\xf5\r\n\xf5\r\n\xf5\r\n\xf5\r\n\xf5\r\n\xf5\r\n",
-        Kind::OneLine,
-        [](TestEnv& env, const QString& text) {
-            env.state->toDo.ReadToDoList();
-            ToDoRows rows = env.state->toDo.rows();
-            rows.texts[1] = text;
-            return env.state->toDo.SaveToDoList(rows);
-        },
-        kToDoSaved,
-        [](TestEnv& env) {
-            env.state->toDo.ReadToDoList();
-            return env.state->toDo.rows().texts[1];
-        }};
-    cases["term"] = {kDefaultTermFile,
-                     "Acme\r\nx\r\nZed",
-                     Kind::OneLine,
-                     [](TestEnv& env, const QString& text) {
-                         env.state->terms.ReadFrequentlyUsedTerms();
-                         QStringList terms = env.state->terms.Terms();
-                         terms[1] = text;
-                         return env.state->terms.SaveFrequentlyUsedTerms(terms);
-                     },
-                     {},
-                     [](TestEnv& env) {
-                         env.state->terms.ReadFrequentlyUsedTerms();
-                         return env.state->terms.Terms().value(1);
-                     }};
-    const auto contact = [](bool name) {
-        return FieldCase{kEmployeeInfoFile,
-                         "Ann:a@x.org:Sales\r\nBea:b@x.org:x\r\nCy:c@x.org:HQ\r\n",
-                         name ? Kind::BeforeAnother : Kind::OneLine,
-                         [name](TestEnv& env, const QString& text) {
-                             ContactList& contacts = env.state->contacts;
-                             contacts.ReadEmployeeInfo();
-                             Contact bea = contacts.People()[1];
-                             contacts.Remove(1);
-                             (name ? bea.name : bea.note) = text;
-                             contacts.Put(bea);
-                             return contacts.SaveEmployeeInfo();
-                         },
-                         {},
-                         [name](TestEnv& env) {
-                             env.state->contacts.ReadEmployeeInfo();
-                             for (const Contact& person : env.state->contacts.People())
-                                 if (person.address == "b@x.org")
-                                     return name ? person.name : person.note;
-                             return QStringLiteral("<gone>");
-                         }};
+    PlannerPage kept = NewPlannerPage();
+    kept.slotTexts[0] = "kept";
+    const QByteArray page = textfile::Encode(BuildPlannerRecord(kept)) + "\r\n";
+    const QByteArray pages =
+        "09/07/26:080101:" + page + "09/08/26:080201:" + page + "09/09/26:080301:" + page;
+    return {
+        {"planner line",
+         {"2026/Planner.dat", pages, Kind::OneLine, PutPlannerLine, kPlannerRecordsUpdatedMessage,
+          SlotWidth(0)}},
+        {"note",
+         {"2026/Notes.dat",
+          "09/07/26:080101:a\xd5\xd2z\r\n09/08/26:080201:x\r\n"
+          "09/09/26:080301:c\r\n",
+          Kind::Note, PutNote, kNotesSavedMessage}},
+        {"holiday description",
+         {"Holidays/2026Holidays.dat",
+          "09/07/26:Labor Day\r\n"
+          "09/08/26:x\r\n12/25/26:Christmas\r\n",
+          Kind::OneLine, PutHoliday}},
+        {"birthday name",
+         {"Birthdays.dat",
+          "01/02:00:Ann:1990\r\n03/04:01:x:****\r\n"
+          "05/06:-1:Cy:2001\r\n",
+          Kind::BeforeAnother, PutBirthdayName}},
+        {"alert message",
+         {kAlertsFile, "46272:0000:first\r\n46273:0001:x\r\n46274:0002:c: d\r\n", Kind::OneLine,
+          PutAlert, kAlertListUpdated}},
+        {"to-do item",
+         {kToDoFile, "\xf3one\r\n\xf5x\r\n" + QByteArray("\xf5\r\n").repeated(8), Kind::OneLine,
+          PutToDo, kToDoSaved}},
+        {"term", {kDefaultTermFile, "Acme\r\nx\r\nZed", Kind::OneLine, PutTerm}},
+        {"contact name",
+         {kEmployeeInfoFile, kContacts, Kind::BeforeAnother,
+          [](TestEnv& env, const QString& text) { return PutContact(env, text, &Contact::name); }}},
+        {"contact note",
+         {kEmployeeInfoFile, kContacts, Kind::OneLine,
+          [](TestEnv& env, const QString& text) { return PutContact(env, text, &Contact::note); }}},
+        {"mark's hover text",
+         {"2026Marks.dat",
+          "08:01:01:255-a\r\n08:02:01:255-x\r\n"
+          "08:03:01:255-c",
+          Kind::OneLine, PutMarkHover}},
+        {"preference value", {kUserPreferencesFile, {}, Kind::OneLine, PutPreference}},
     };
-    cases["contact name"] = contact(true);
-    cases["contact note"] = contact(false);
-    cases["mark's hover text"] = {"2026Marks.dat",
-                                  "08:01:01:255-first\r\n08:02:01:255-x\r\n08:03:01:255-third",
-                                  Kind::OneLine,
-                                  [](TestEnv& env, const QString& text) {
-                                      env.select(kDay);
-                                      DateMarks& marks = env.state->marks;
-                                      marks.HoverText[*env.state->dates.FindDay(kDay)] = text;
-                                      marks.SaveThisYearsMarks();
-                                      return true;
-                                  },
-                                  {},
-                                  [](TestEnv& env) {
-                                      env.state->marks.ReadAndDisplayThisYearsMarks();
-                                      return env.state->marks.HoverTextOf(kDay);
-                                  }};
-    cases["preference value"] = {kUserPreferencesFile,
-                                 {},
-                                 Kind::OneLine,
-                                 [](TestEnv& env, const QString& text) {
-                                     env.state->prefs.GetUserPreferences(env.state->services);
-                                     env.state->prefs.SetValue(prefkey::CompanyPhone, text);
-                                     env.state->prefs.SaveUserPreferences(env.state->services);
-                                     return true;
-                                 },
-                                 {},
-                                 [](TestEnv& env) {
-                                     env.state->prefs.GetUserPreferences(env.state->services);
-                                     return env.state->prefs.Value(prefkey::CompanyPhone);
-                                 },
-                                 0,
-                                 [](TestEnv& env) {
-                                     // A file with every setting, as the program writes it.
-                                     env.state->prefs.SetValue(prefkey::CompanyPhone, "x");
-                                     env.state->prefs.SaveUserPreferences(env.state->services);
-                                 }};
-    return cases;
 }
 
 const QMap<QString, QString>& HardStrings() {
@@ -300,35 +255,31 @@ private slots:
         QFETCH(QString, text);
         const FieldCase c = StoreFields().value(field);
         TestEnv env;
-        if (c.prepare)
-            c.prepare(env);
+        if (c.before.isEmpty())
+            c.put(env, "x");  // the file as the store writes it, one record being "x"
         else
             env.write(c.file, c.before);
         const QByteArray before = env.read(c.file);
         const Outcome expected = Expected(c.kind, text);
-        if (!expected.refusal.isEmpty())
-            env.dialogs.ExpectMsgBox(expected.refusal, kWarningStyle, {});
-        else if (!c.confirmation.isEmpty())
-            env.dialogs.ExpectMsgBox(c.confirmation, vb::OKOnly, {});
-        c.save(env, text);
+        const QString box = expected.refusal.isEmpty() ? c.confirmation : expected.refusal;
+        if (!box.isEmpty())
+            env.dialogs.ExpectMsgBox(box, expected.refusal.isEmpty() ? vb::OKOnly : kWarningStyle,
+                                     {});
+        const QString readBack = c.put(env, text);
         VERIFY_DIALOGS(env.dialogs);
-
-        const QByteArray after = env.read(c.file);
         if (!expected.refusal.isEmpty()) {
-            QCOMPARE(after, before);
+            QCOMPARE(env.read(c.file), before);
             return;
         }
         // One line per record, and every record but the changed one as it was.
-        QList<QByteArray> was = Lines(before), now = Lines(after);
+        QList<QByteArray> was = Lines(before), now = Lines(env.read(c.file));
         QCOMPARE(now.size(), was.size());
         for (const QByteArray& line : was)
             now.removeOne(line);
         QCOMPARE(now.size(), 1);
-        const QString kept = c.width == 0
-                                 ? expected.kept
-                                 : TrimBlanks(QStringView(expected.kept).left(c.width)).toString();
-        QCOMPARE(c.readBack(env), kept);
-        VERIFY_DIALOGS(env.dialogs);
+        QCOMPARE(readBack, c.width == 0
+                               ? expected.kept
+                               : TrimBlanks(QStringView(expected.kept).left(c.width)).toString());
     }
 
     // Every one-line box of every window, whatever arrives in it.
