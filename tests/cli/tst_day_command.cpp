@@ -128,7 +128,9 @@ private slots:
         QVERIFY(program.waitForFinished(20000));
         QCOMPARE(program.exitCode(), 1);
         QVERIFY(program.readAllStandardOutput().contains("Staff meeting"));
-        QVERIFY(program.readAllStandardError().contains("ReadThisYearsNotes"));
+        const QByteArray err = program.readAllStandardError();
+        QVERIFY(err.contains("ReadThisYearsNotes"));
+        QVERIFY(err.contains("Type mismatch (2026\\Notes.dat, line 1)"));
         QVERIFY(!env.exists("Error.log"));
     }
 };

@@ -229,6 +229,7 @@ private slots:
             Run(env.folder(), {"expenses", "--csv", "--from", "2026-03-01", "--to", "2026-03-31"});
         QCOMPARE(output.out, Csv({"Date,Description,Amount", "2026-03-10,,5.00"}));
         QVERIFY(output.err.contains("ReadThisYearsPlanner"));
+        QVERIFY(output.err.contains("Type mismatch (2026\\Planner.dat, line 2)"));
         QCOMPARE(output.status, 1);
         QVERIFY(!env.exists("Error.log"));
     }
