@@ -106,9 +106,11 @@ void ICalMenus::ImportFile(const QString& path) {
     if (dialogs.MsgBox(ICalPreviewQuestion(PreviewText(plan)), kQuestionStyle, kImportICalTitle) !=
         vb::Yes)
         return;
+    // A file that could not be read whole took nothing: the import was then only in part.
     const bool all = ApplyImport({stores_.services, stores_.planner, stores_.notes,
                                   stores_.holidays, stores_.marks, stores_.dates},
-                                 plan);
+                                 plan) &&
+                     plan.unreadFiles.isEmpty();
     dialogs.MsgBox(all ? kICalImportedMessage : kICalImportedInPartMessage, kInformationStyle,
                    kImportICalTitle);
 }
