@@ -36,7 +36,7 @@ QString OnOneLine(QStringView text) {
         const QChar c = text[i];
         if (c == QLatin1Char('\r') && i + 1 < text.size() && text[i + 1] == QLatin1Char('\n'))
             continue;  // CR LF is one line break: one blank, from its LF
-        line += IsLineBreak(c) || c == QLatin1Char('\t') ? QLatin1Char(' ') : c;
+        line += IsLineBreak(c) ? QLatin1Char(' ') : c;
     }
     return line;
 }

@@ -41,9 +41,9 @@ struct RecordLayout {
 QString EncodeLineBreaks(QString text);
 QString DecodeLineBreaks(QString text);
 
-// text on one line: a line break (CR LF, CR or LF) or a tab becomes a blank. What a one-line
-// box does with typed, pasted and dropped text, and what a store does again with each one-line
-// field it puts into a record.
+// text on one line: a line break (CR LF, CR or LF) becomes a blank. What a store does with each
+// one-line field it puts into a record (a one-line box also turns tabs into blanks). A tab in a
+// field breaks no line, and a record read from the file with one is written back as it was.
 QString OnOneLine(QStringView text);
 
 // The first character of field (last: the record's last field) that layout's files cannot keep:

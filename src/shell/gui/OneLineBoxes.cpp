@@ -17,6 +17,14 @@ bool HasLineBreakOrTab(const QString& text) {
     return false;
 }
 
+// The text on one line, tabs as blanks too: a tab pasted from a spreadsheet would only jump
+// the text along in the box and in the printouts.
+QString ForOneLineBox(QStringView text) {
+    QString line = OnOneLine(text);
+    line.replace(QLatin1Char('\t'), QLatin1Char(' '));
+    return line;
+}
+
 // Puts the text on one line before the box's own check (if it has one) sees it; the cursor
 // stays after what was typed or pasted.
 class OneLineValidator final : public QValidator {
@@ -25,8 +33,8 @@ public:
 
     State validate(QString& input, int& pos) const override {
         if (HasLineBreakOrTab(input)) {
-            pos = int(OnOneLine(QStringView(input).left(pos)).size());
-            input = OnOneLine(input);
+            pos = int(ForOneLineBox(QStringView(input).left(pos)).size());
+            input = ForOneLineBox(input);
         }
         return own_ ? own_->validate(input, pos) : Acceptable;
     }
@@ -59,7 +67,7 @@ void KeepOnOneLine(QLineEdit* box) {
     box->setValidator(new OneLineValidator(box->validator(), box));
     // Text already in the box follows the rule as well.
     if (HasLineBreakOrTab(box->text()))
-        box->setText(OnOneLine(box->text()));
+        box->setText(ForOneLineBox(box->text()));
 }
 
 void KeepEveryBoxOnOneLine() {
