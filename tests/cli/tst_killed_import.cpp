@@ -10,13 +10,13 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <optional>
 #include <vector>
 
-#include "KillAim.h"
+#include "KillTest.h"
 #include "TestPaths.h"
 #include "ical/IcalExport.h"
 
@@ -45,17 +45,9 @@ QStringList ImportArguments(const QString& folder, const QString& calendar) {
             "--years",    "2026-2027", "--marks", "--yes"};
 }
 
-// The import of calendar into folder run to its end: its exit status.
-int Import(const QString& folder, const QString& calendar) {
-    QProcess program;
-    program.start(QStringLiteral(ORVANTA_BINARY), ImportArguments(folder, calendar));
-    program.waitForFinished(60000);
-    return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
-}
-
-// Starts the program with arguments, its output thrown away, at once: no waiting for it to
-// start, so that the moment of a kill counts from the start.
-pid_t StartQuietly(const QStringList& arguments) {
+// Starts the program with arguments, its output thrown away. It holds the writing end of
+// ended, a pipe, open until it ends.
+pid_t StartQuietly(const QStringList& arguments, int ended) {
     QList<QByteArray> bytes{ORVANTA_BINARY};
     for (const QString& argument : arguments)
         bytes.append(QFile::encodeName(argument));
@@ -68,6 +60,7 @@ pid_t StartQuietly(const QStringList& arguments) {
         const int null = ::open("/dev/null", O_RDWR);
         ::dup2(null, STDOUT_FILENO);
         ::dup2(null, STDERR_FILENO);
+        ::fcntl(ended, F_SETFD, 0);
         ::execv(argv[0], argv.data());
         _exit(127);
     }
@@ -75,20 +68,58 @@ pid_t StartQuietly(const QStringList& arguments) {
 }
 
 const QByteArray kMissing = "<missing>";
+const QByteArray kLeftover = "<a write cut short>";
 
 // Runs are killed until this many kills have landed while the import wrote; more than
 // kMaxKills kills fail the test.
-constexpr int kKillsDuringWrite = 15;
-constexpr int kMaxKills = 80;
+constexpr int kKillsDuringWrite = 10;
+constexpr int kMaxKills = 100;
+
+// The import of a calendar into a folder, run to its end or killed a while after it began to
+// write.
+struct ImportRun {
+    int status = -1;                       // the exit status, or -1 when it was killed
+    std::chrono::microseconds writing{0};  // from the first write to the end
+};
+ImportRun RunImport(const QString& folder, const QString& calendar, WriteWatch& watch,
+                    std::optional<std::chrono::microseconds> killAfter = std::nullopt) {
+    watch.Forget();
+    int ended[2];
+    if (::pipe2(ended, O_CLOEXEC) != 0)
+        return {};
+    const pid_t child = StartQuietly(ImportArguments(folder, calendar), ended[1]);
+    ::close(ended[1]);
+    QElapsedTimer writing;
+    // A run that never begins to write is killed once it has ended.
+    if (watch.WaitForWrite(ended[0]))
+        writing.start();
+    if (killAfter) {
+        SleepFor(*killAfter);
+        ::kill(child, SIGKILL);
+    }
+    int status = 0;
+    if (child <= 0 || ::waitpid(child, &status, 0) != child)
+        status = -1;
+    ::close(ended[0]);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1,
+            std::chrono::microseconds(writing.isValid() ? writing.nsecsElapsed() / 1000 : 0)};
+}
+
+// The folder's old files, and the files the kills cut short, which the next run must cope
+// with: marked, so that a file the next kill cuts short is told from them.
+FolderFiles OldFilesAndCutShortOnes(const QString& folder, const FolderFiles& old) {
+    FolderFiles files = old;
+    for (const QString& name : CutShortWrites(ReadFolderFiles(folder)).keys())
+        files.insert(name, kLeftover);
+    return files;
+}
 
 }  // namespace
 
 class KilledImportTest : public QObject {
     Q_OBJECT
 
-    // On the disk of the build, where a write takes the time it takes on a user's disk (/tmp is
-    // often held in memory).
-    QTemporaryDir dir_{QStringLiteral(QT_TESTCASE_BUILDDIR "/killed-import-XXXXXX")};
+    QTemporaryDir dir_;
     QString path(const QString& name) const { return dir_.filePath(name); }
 
 private slots:
@@ -98,24 +129,22 @@ private slots:
         const QString data = path("data");
         const QString first = path("first.ics");
         const QString second = path("second.ics");
-        QVERIFY(QDir().mkpath(data));
+        QVERIFY(QDir().mkpath(data + "/2026"));
         for (const auto& [file, bytes] :
              {std::pair{first, Calendar(QDate(2026, 1, 5), 60, 5, "First")},
               std::pair{second, Calendar(QDate(2026, 1, 2), 180, 4, "Second")}}) {
             QFile calendar(file);
             QVERIFY(calendar.open(QIODevice::WriteOnly) && calendar.write(bytes) == bytes.size());
         }
-        QCOMPARE(Import(data, first), 0);
+        // The import writes 2026's files first.
+        WriteWatch watch({data, data + "/2026"});
+        QCOMPARE(RunImport(data, first, watch).status, 0);
         const FolderFiles old = ReadFolderFiles(data);
 
-        // The new content: the same import run to its end on a copy.
-        QVERIFY(RestoreFolderFiles(path("copy"), old));
-        QElapsedTimer timer;
-        timer.start();
-        QCOMPARE(Import(path("copy"), second), 0);
-        // An import writes at its end.
-        KillAim aim(std::chrono::microseconds(timer.nsecsElapsed() / 1000 * 9 / 10));
-        const FolderFiles updated = ReadFolderFiles(path("copy"));
+        // The new content: the same import run to its end.
+        const ImportRun whole = RunImport(data, second, watch);
+        QCOMPARE(whole.status, 0);
+        const FolderFiles updated = ReadFolderFiles(data);
         QStringList names = old.keys() + updated.keys();
         names.removeDuplicates();
         names.sort();
@@ -127,26 +156,19 @@ private slots:
                                        "2026Marks.dat", "2027/Notes.dat", "2027/Planner.dat",
                                        "2027Marks.dat"}));
 
+        KillAim aim(whole.writing);
         while (aim.DuringWrite() < kKillsDuringWrite) {
             QVERIFY2(aim.Kills() < kMaxKills, qPrintable(aim.Summary()));
-            // Files a kill cut short stay for the next run to find.
-            QVERIFY(RestoreFolderFiles(data, old, IsCutShortWrite));
-            const FolderFiles cutShort = CutShortWrites(ReadFolderFiles(data));
+            const FolderFiles start = OldFilesAndCutShortOnes(data, old);
+            QVERIFY(RestoreFolderFiles(data, start));
             const auto delay = aim.NextDelay();
-            const pid_t child = StartQuietly(ImportArguments(data, second));
-            QVERIFY(child > 0);
-            SleepFor(delay);
-            ::kill(child, SIGKILL);
-            int status = 0;
-            QCOMPARE(::waitpid(child, &status, 0), child);
+            const int status = RunImport(data, second, watch, delay).status;
 
             const QString after =
                 QStringLiteral("after kill %1 (%2 us): ").arg(aim.Kills() + 1).arg(delay.count());
             // A run that ended before its kill came ended as a whole run does.
-            const bool ended = WIFEXITED(status);
-            QVERIFY2(!ended || WEXITSTATUS(status) == 0,
-                     qPrintable(after + "the import ended with " +
-                                QString::number(WEXITSTATUS(status))));
+            QVERIFY2(status == -1 || status == 0,
+                     qPrintable(after + "the import ended with " + QString::number(status)));
             const FolderFiles files = ReadFolderFiles(data);
             for (const QString& name : files.keys())
                 QVERIFY2(names.contains(name) || IsCutShortWrite(name),
@@ -159,18 +181,18 @@ private slots:
                     qPrintable(after + name + " is " + bytes.left(60)));
                 updatedFiles += changed.contains(name) && bytes == updated.value(name);
             }
-            if (ended || updatedFiles == changed.size())
+            if (updatedFiles == changed.size())
                 aim.Record(Landed::AfterWrite);
-            else if (updatedFiles > 0 || CutShortWrites(files) != cutShort)
+            else if (CutShortWrites(files) != CutShortWrites(start))
                 aim.Record(Landed::DuringWrite);
             else
-                aim.Record(Landed::BeforeWrite);
+                aim.Record(Landed::BetweenWrites);
         }
         qInfo("ics import: %s", qPrintable(aim.Summary()));
 
         // The next run is not kept out, and replaces whatever the kills left behind.
-        QVERIFY(RestoreFolderFiles(data, old, IsCutShortWrite));
-        QCOMPARE(Import(data, second), 0);
+        QVERIFY(RestoreFolderFiles(data, OldFilesAndCutShortOnes(data, old)));
+        QCOMPARE(RunImport(data, second, watch).status, 0);
         QCOMPARE(ReadFolderFiles(data), updated);
     }
 };

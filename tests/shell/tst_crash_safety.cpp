@@ -20,7 +20,7 @@
 #include "FakeClock.h"
 #include "FakeDialogs.h"
 #include "FakePlatform.h"
-#include "KillAim.h"
+#include "KillTest.h"
 #include "SmallDisk.h"
 #include "assignment/modEmployeeInfo.h"
 #include "calendar/DateModel.h"
@@ -341,32 +341,27 @@ void SetFoldersWritable(const QString& folder, bool writable) {
     }
 }
 
-void Tell(int channel, char what) {
-    if (::write(channel, &what, 1) != 1)
-        _exit(4);
-}
-
-// The child's side of a kill: says it is about to save, saves the content, says it is done and
-// waits for the kill.
+// The child's side of a kill: saves the content, says when it is done and waits for the kill.
 [[noreturn]] void SaveUntilKilled(const Store& store, const QString& path, int content,
                                   int channel) {
     Folder folder(path);
-    Tell(channel, 'r');
     store.save(folder, content);
     if (!folder.dialogs.Ok())
         _exit(3);  // a save failed: the parent sees an exit instead of the kill
-    Tell(channel, 'd');
+    if (::write(channel, "d", 1) != 1)
+        _exit(4);
     for (;;)
         ::pause();
 }
 
-// A child that saves a content, killed at a moment after it is ready to save.
+// A child that saves a content, killed delay after its save began to write.
 struct KilledSave {
-    bool done = false;  // the save was done before the kill
-    QString problem;    // the child did not live to be killed
+    bool began = false;  // the save began to write before the kill
+    QString problem;     // the child did not live to be killed
 };
 KilledSave KillSave(const Store& store, const QString& path, int content,
-                    std::chrono::microseconds delay) {
+                    std::chrono::microseconds delay, WriteWatch& watch) {
+    watch.Forget();
     int channel[2];
     if (::pipe(channel) != 0)
         return {false, QStringLiteral("no pipe")};
@@ -376,20 +371,19 @@ KilledSave KillSave(const Store& store, const QString& path, int content,
         SaveUntilKilled(store, path, content, channel[1]);
     }
     ::close(channel[1]);
-    char said = 0;
-    const bool ready = child > 0 && ::read(channel[0], &said, 1) == 1;
-    if (ready)
+    // A save that never begins to write is killed once it is done.
+    const bool began = child > 0 && watch.WaitForWrite(channel[0]);
+    if (began)
         SleepFor(delay);
     if (child > 0)
         ::kill(child, SIGKILL);
     int status = 0;
     const bool killed = child > 0 && ::waitpid(child, &status, 0) == child && WIFSIGNALED(status) &&
                         WTERMSIG(status) == SIGKILL;
-    const bool done = ::read(channel[0], &said, 1) == 1;
     ::close(channel[0]);
-    if (!ready || !killed)
-        return {done, QStringLiteral("the saving child stopped before it was killed")};
-    return {done, {}};
+    if (!killed)
+        return {began, QStringLiteral("the saving child stopped before it was killed")};
+    return {began, {}};
 }
 
 // The uid and gid of the unprivileged account "nobody".
@@ -397,12 +391,8 @@ constexpr uid_t kNobody = 65534;
 
 // Each store's saves are killed until this many kills have landed while it wrote; more than
 // kMaxKills kills fail the test.
-constexpr int kKillsDuringWrite = 20;
-constexpr int kMaxKills = 150;
-// The folders the kills cut saves short in lie on the disk of the build, not in /tmp, which is
-// often held in memory: there a write takes a few microseconds, hardly longer than a kill's
-// own uncertainty, and a sync nothing at all.
-const QString kKillFolders = QStringLiteral(QT_TESTCASE_BUILDDIR "/killed-saves-XXXXXX");
+constexpr int kKillsDuringWrite = 15;
+constexpr int kMaxKills = 100;
 
 }  // namespace
 
@@ -427,7 +417,7 @@ private slots:
     }
 
     // A child saves the content that follows the file's, and is killed at a random moment
-    // that the test aims at its writes.
+    // once it has begun to write.
     void killedSaveLeavesOldOrNewFile() {
         QFETCH(int, store);
         const Store& s = kStores[store];
@@ -443,22 +433,23 @@ private slots:
         }
         QVERIFY(bytes[0] != bytes[1] && bytes[1] != bytes[2] && bytes[0] != bytes[2]);
 
-        QTemporaryDir dir(kKillFolders);
+        QTemporaryDir dir;
         Folder folder(dir.path());
         s.save(folder, 0);
         QStringList names = ReadFolderFiles(dir.path()).keys();
-        // The first kills aim at the end of a save of a file like the one they will cut short.
+        // The first kills come within half the time a save of a file like the one they will
+        // cut short takes: its writes and syncs.
         QElapsedTimer timer;
         timer.start();
         s.save(folder, 1);
-        KillAim aim(std::chrono::microseconds(timer.nsecsElapsed() / 1000));
+        KillAim aim(std::chrono::microseconds(timer.nsecsElapsed() / 2000));
         int current = 1;
-        FolderFiles cutShort;
+        WriteWatch watch({QFileInfo(dir.filePath(s.file)).path()});
         while (aim.DuringWrite() < kKillsDuringWrite) {
             QVERIFY2(aim.Kills() < kMaxKills, qPrintable(aim.Summary()));
             const int next = (current + 1) % kContents;
             const auto delay = aim.NextDelay();
-            const KilledSave killed = KillSave(s, dir.path(), next, delay);
+            const KilledSave killed = KillSave(s, dir.path(), next, delay, watch);
             QVERIFY2(killed.problem.isEmpty(), qPrintable(killed.problem));
 
             const QString after =
@@ -474,15 +465,9 @@ private slots:
                 QVERIFY2(b != (bytes.indexOf(now) + 1) % kContents,
                          qPrintable(after + "the backup is newer"));
             }
-            // A write cut short leaves its new file behind; one killed past the rename has put
-            // the new content in place but not returned.
-            if (killed.done)
-                aim.Record(Landed::AfterWrite);
-            else if (CutShortWrites(files) != cutShort || now == bytes[next])
-                aim.Record(Landed::DuringWrite);
-            else
-                aim.Record(Landed::BeforeWrite);
-            cutShort = CutShortWrites(files);
+            // Until the rename puts the new content in place, the save is writing.
+            aim.Record(killed.began && now != bytes[next] ? Landed::DuringWrite
+                                                          : Landed::AfterWrite);
             if (now == bytes[next])
                 current = next;
         }

@@ -1,7 +1,10 @@
-#include "KillAim.h"
+#include "KillTest.h"
 
+#include <poll.h>
+#include <sys/inotify.h>
 #include <sys/prctl.h>
 #include <time.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QDirIterator>
@@ -13,47 +16,79 @@
 
 namespace {
 
-// Each kill that misses the writes moves the aim by this factor. Kills land up to this factor
-// either side of the aim, so that some still come before and after the writes and the aim
-// keeps finding them as the machine's load changes.
-constexpr double kStep = 1.1;
-constexpr double kSpread = 1.15;
-constexpr double kShortest = 1;         // microseconds
+// A kill after the last write shortens the delays by much, one during the writes lengthens
+// them by little: about one kill in five comes after the last write, which keeps the delays as
+// long as the writes take while the machine's load changes.
+constexpr double kShorten = 1.25;
+constexpr double kLengthen = 1.05;
+constexpr double kShortest = 10;        // microseconds
 constexpr double kLongest = 2'000'000;  // microseconds
+
+const QLatin1String kSavingSuffix(".saving");
 
 }  // namespace
 
-KillAim::KillAim(std::chrono::microseconds first)
-    : aim_(std::clamp(double(first.count()), kShortest, kLongest)) {}
+KillAim::KillAim(std::chrono::microseconds longest)
+    : longest_(std::clamp(double(longest.count()), kShortest, kLongest)) {}
 
 std::chrono::microseconds KillAim::NextDelay() const {
-    const double factor =
-        std::exp(std::log(kSpread) * (2 * QRandomGenerator::global()->generateDouble() - 1));
-    return std::chrono::microseconds(std::llround(aim_ * factor));
+    return std::chrono::microseconds(
+        std::llround(longest_ * QRandomGenerator::global()->generateDouble()));
 }
 
 void KillAim::Record(Landed landed) {
     switch (landed) {
-        case Landed::BeforeWrite:
-            ++before_;
-            aim_ = std::min(aim_ * kStep, kLongest);
-            break;
         case Landed::DuringWrite:
             ++during_;
             break;
+        case Landed::BetweenWrites:
+            ++between_;
+            break;
         case Landed::AfterWrite:
             ++after_;
-            aim_ = std::max(aim_ / kStep, kShortest);
-            break;
+            longest_ = std::max(longest_ / kShorten, kShortest);
+            return;
     }
+    longest_ = std::min(longest_ * kLengthen, kLongest);
 }
 
 QString KillAim::Summary() const {
-    return QStringLiteral("%1 of %2 kills during a write (%3 before it, %4 after)")
+    return QStringLiteral("%1 of %2 kills during a write (%3 between two, %4 after the last)")
         .arg(during_)
         .arg(Kills())
-        .arg(before_)
+        .arg(between_)
         .arg(after_);
+}
+
+WriteWatch::WriteWatch(const QStringList& folders)
+    : fd_(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK)) {
+    for (const QString& folder : folders)
+        ::inotify_add_watch(fd_, QFile::encodeName(folder).constData(), IN_CREATE);
+}
+
+WriteWatch::~WriteWatch() {
+    ::close(fd_);
+}
+
+void WriteWatch::Forget() {
+    alignas(inotify_event) char events[4096];
+    while (::read(fd_, events, sizeof events) > 0) {
+    }
+}
+
+bool WriteWatch::WaitForWrite(int stop) {
+    pollfd watched[] = {{fd_, POLLIN, 0}, {stop, POLLIN, 0}};
+    while (::poll(watched, 2, 10'000) > 0 && watched[1].revents == 0) {
+        alignas(inotify_event) char events[4096];
+        const ssize_t size = ::read(fd_, events, sizeof events);
+        for (ssize_t at = 0; at < size;) {
+            const auto* event = reinterpret_cast<const inotify_event*>(events + at);
+            if (event->len > 0 && QLatin1String(event->name).endsWith(kSavingSuffix))
+                return true;
+            at += ssize_t(sizeof(inotify_event) + event->len);
+        }
+    }
+    return false;
 }
 
 void SleepFor(std::chrono::microseconds delay) {
@@ -76,12 +111,11 @@ FolderFiles ReadFolderFiles(const QString& folder) {
     return files;
 }
 
-bool RestoreFolderFiles(const QString& folder, const FolderFiles& files,
-                        bool (*keep)(const QString& name)) {
+bool RestoreFolderFiles(const QString& folder, const FolderFiles& files) {
     const FolderFiles now = ReadFolderFiles(folder);
     bool ok = true;
     for (auto it = now.begin(); it != now.end(); ++it)
-        if (!files.contains(it.key()) && !(keep && keep(it.key())))
+        if (!files.contains(it.key()))
             ok &= QFile::remove(QDir(folder).filePath(it.key()));
     for (auto it = files.begin(); it != files.end(); ++it) {
         if (now.contains(it.key()) && now[it.key()] == it.value())
@@ -95,7 +129,7 @@ bool RestoreFolderFiles(const QString& folder, const FolderFiles& files,
 }
 
 bool IsCutShortWrite(const QString& name) {
-    return name.endsWith(QLatin1String(".saving"));
+    return name.endsWith(kSavingSuffix);
 }
 
 FolderFiles CutShortWrites(const FolderFiles& files) {
