@@ -45,9 +45,9 @@ QStringList ImportArguments(const QString& folder, const QString& calendar) {
             "--years",    "2026-2027", "--marks", "--yes"};
 }
 
-// Starts the program with arguments, its output thrown away. It holds the writing end of
-// ended, a pipe, open until it ends.
-pid_t StartQuietly(const QStringList& arguments, int ended) {
+// Starts the program with arguments, its output thrown away and its standard error written to
+// the file errors. It holds the writing end of ended, a pipe, open until it ends.
+pid_t StartQuietly(const QStringList& arguments, int ended, const QString& errors) {
     QList<QByteArray> bytes{ORVANTA_BINARY};
     for (const QString& argument : arguments)
         bytes.append(QFile::encodeName(argument));
@@ -55,11 +55,11 @@ pid_t StartQuietly(const QStringList& arguments, int ended) {
     for (QByteArray& argument : bytes)
         argv.push_back(argument.data());
     argv.push_back(nullptr);
+    const QByteArray errorFile = QFile::encodeName(errors);
     const pid_t child = ::fork();
     if (child == 0) {
-        const int null = ::open("/dev/null", O_RDWR);
-        ::dup2(null, STDOUT_FILENO);
-        ::dup2(null, STDERR_FILENO);
+        ::dup2(::open("/dev/null", O_WRONLY), STDOUT_FILENO);
+        ::dup2(::open(errorFile.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
         ::fcntl(ended, F_SETFD, 0);
         ::execv(argv[0], argv.data());
         _exit(127);
@@ -80,6 +80,7 @@ constexpr int kMaxKills = 100;
 struct ImportRun {
     int status = -1;                       // the exit status, or -1 when it was killed
     std::chrono::microseconds writing{0};  // from the first write to the end
+    QString errors;                        // what it wrote on standard error
 };
 ImportRun RunImport(const QString& folder, const QString& calendar, WriteWatch& watch,
                     std::optional<std::chrono::microseconds> killAfter = std::nullopt) {
@@ -87,7 +88,8 @@ ImportRun RunImport(const QString& folder, const QString& calendar, WriteWatch& 
     int ended[2];
     if (::pipe2(ended, O_CLOEXEC) != 0)
         return {};
-    const pid_t child = StartQuietly(ImportArguments(folder, calendar), ended[1]);
+    const QString errors = folder + QStringLiteral(".errors");
+    const pid_t child = StartQuietly(ImportArguments(folder, calendar), ended[1], errors);
     ::close(ended[1]);
     QElapsedTimer writing;
     // A run that never begins to write is killed once it has ended.
@@ -101,8 +103,11 @@ ImportRun RunImport(const QString& folder, const QString& calendar, WriteWatch& 
     if (child <= 0 || ::waitpid(child, &status, 0) != child)
         status = -1;
     ::close(ended[0]);
+    QFile errorFile(errors);
+    errorFile.open(QIODevice::ReadOnly);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1,
-            std::chrono::microseconds(writing.isValid() ? writing.nsecsElapsed() / 1000 : 0)};
+            std::chrono::microseconds(writing.isValid() ? writing.nsecsElapsed() / 1000 : 0),
+            QString::fromUtf8(errorFile.readAll())};
 }
 
 // The folder's old files, and the files the kills cut short, which the next run must cope
@@ -138,11 +143,14 @@ private slots:
         }
         // The import writes 2026's files first.
         WriteWatch watch({data, data + "/2026"});
-        QCOMPARE(RunImport(data, first, watch).status, 0);
+        const ImportRun made = RunImport(data, first, watch);
+        QCOMPARE(made.errors, QString());
+        QCOMPARE(made.status, 0);
         const FolderFiles old = ReadFolderFiles(data);
 
         // The new content: the same import run to its end.
         const ImportRun whole = RunImport(data, second, watch);
+        QCOMPARE(whole.errors, QString());
         QCOMPARE(whole.status, 0);
         const FolderFiles updated = ReadFolderFiles(data);
         QStringList names = old.keys() + updated.keys();
@@ -157,18 +165,20 @@ private slots:
                                        "2027Marks.dat"}));
 
         KillAim aim(whole.writing);
+        QStringList cutShortFiles;
         while (aim.DuringWrite() < kKillsDuringWrite) {
             QVERIFY2(aim.Kills() < kMaxKills, qPrintable(aim.Summary()));
             const FolderFiles start = OldFilesAndCutShortOnes(data, old);
             QVERIFY(RestoreFolderFiles(data, start));
             const auto delay = aim.NextDelay();
-            const int status = RunImport(data, second, watch, delay).status;
+            const ImportRun run = RunImport(data, second, watch, delay);
 
             const QString after =
                 QStringLiteral("after kill %1 (%2 us): ").arg(aim.Kills() + 1).arg(delay.count());
             // A run that ended before its kill came ended as a whole run does.
-            QVERIFY2(status == -1 || status == 0,
-                     qPrintable(after + "the import ended with " + QString::number(status)));
+            QVERIFY2(run.status == -1 || run.status == 0,
+                     qPrintable(after + "the import ended with " + QString::number(run.status) +
+                                ": " + run.errors));
             const FolderFiles files = ReadFolderFiles(data);
             for (const QString& name : files.keys())
                 QVERIFY2(names.contains(name) || IsCutShortWrite(name),
@@ -181,18 +191,27 @@ private slots:
                     qPrintable(after + name + " is " + bytes.left(60)));
                 updatedFiles += changed.contains(name) && bytes == updated.value(name);
             }
+            const FolderFiles cutShort = CutShortWrites(files);
+            for (auto it = cutShort.begin(); it != cutShort.end(); ++it)
+                if (it.value() != start.value(it.key(), kMissing) &&
+                    !cutShortFiles.contains(it.key()))
+                    cutShortFiles.append(it.key());
             if (updatedFiles == changed.size())
                 aim.Record(Landed::AfterWrite);
-            else if (CutShortWrites(files) != CutShortWrites(start))
+            else if (cutShort != CutShortWrites(start))
                 aim.Record(Landed::DuringWrite);
             else
                 aim.Record(Landed::BetweenWrites);
         }
-        qInfo("ics import: %s", qPrintable(aim.Summary()));
+        cutShortFiles.sort();
+        qInfo("ics import: %s; cut short: %s", qPrintable(aim.Summary()),
+              qPrintable(cutShortFiles.join(QStringLiteral(", "))));
 
         // The next run is not kept out, and replaces whatever the kills left behind.
         QVERIFY(RestoreFolderFiles(data, OldFilesAndCutShortOnes(data, old)));
-        QCOMPARE(RunImport(data, second, watch).status, 0);
+        const ImportRun last = RunImport(data, second, watch);
+        QCOMPARE(last.errors, QString());
+        QCOMPARE(last.status, 0);
         QCOMPARE(ReadFolderFiles(data), updated);
     }
 };

@@ -120,7 +120,9 @@ bool RestoreFolderFiles(const QString& folder, const FolderFiles& files) {
     for (auto it = files.begin(); it != files.end(); ++it) {
         if (now.contains(it.key()) && now[it.key()] == it.value())
             continue;
+        // Made afresh: a file a kill left may be a second name of another one.
         const QString path = QDir(folder).filePath(it.key());
+        QFile::remove(path);
         QFile file(path);
         ok &= QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
               file.write(it.value()) == it.value().size();

@@ -70,7 +70,7 @@ void SleepFor(std::chrono::microseconds delay);
 // The files of a folder (see FolderFiles).
 FolderFiles ReadFolderFiles(const QString& folder);
 // Writes files into folder (making their sub-folders) and removes the folder's other files;
-// what is already as given is left untouched. False when any of it fails.
+// what is already as given is left untouched, the rest made afresh. False when any of it fails.
 bool RestoreFolderFiles(const QString& folder, const FolderFiles& files);
 
 // A ".saving" file left behind is a write that a kill cut short.
