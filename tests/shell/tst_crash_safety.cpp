@@ -1,34 +1,37 @@
-// Saves cut short by SIGKILL at random moments, and saves refused by a read-only folder or a full
-// disk: whatever happens, every store's file on disk is the complete old or the complete new
-// content.
+// Saves cut short by SIGKILL at moments aimed at their writes, and saves refused by a read-only
+// folder or a real full disk: whatever happens, every store's file on disk is the complete old
+// or the complete new content.
 
 #include <grp.h>
 #include <signal.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
+#include <QDataStream>
 #include <QDir>
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QMap>
-#include <QRandomGenerator>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
-#include <cmath>
 
 #include "FakeClock.h"
 #include "FakeDialogs.h"
 #include "FakePlatform.h"
+#include "KillTest.h"
+#include "SmallDisk.h"
 #include "assignment/modEmployeeInfo.h"
 #include "calendar/DateModel.h"
 #include "calendar/MarkerColors.h"
 #include "calendar/modMarks.h"
 #include "decorations/DecorationMessages.h"
+#include "decorations/modIcons.h"
 #include "decorations/modMonthIcons.h"
+#include "holidays_birthdays/HolidaysBirthdaysMessages.h"
+#include "holidays_birthdays/modBirthdays.h"
+#include "holidays_birthdays/modHolidays.h"
 #include "notes_planner/ExternalFileMessages.h"
 #include "notes_planner/UnsavedWork.h"
 #include "notes_planner/modNotes.h"
@@ -52,7 +55,6 @@ const QDate kToday(2026, 9, 7);
 // Each store saves the contents A, B, C in turn, so a backup holding the content that follows
 // the current one would be a backup newer than the file.
 constexpr int kContents = 3;
-constexpr int kKillsPerStore = 150;
 
 // The data folder and the seams a store needs, and nothing else of the program.
 struct Folder {
@@ -249,6 +251,51 @@ void SaveMonthIcons(Folder& folder, int content) {
     icons.SaveMonthIcons(9);
 }
 
+void SaveTemplate(Folder& folder, int content) {
+    ChangeFlags flags;
+    flags.TemplateMode = true;
+    modMonthIcons icons(folder.services, flags);
+    icons.RemoveAllIcons(QDate(2026, 9, 1));
+    for (int day = 1; day <= 28; ++day)
+        for (int i = 0; i <= content; ++i)
+            icons.PlaceIcon(QDate(2026, 9, day), 10 * i + day);
+    folder.dialogs.ExpectMsgBox(kTemplateSaved, vb::OKOnly, {});
+    icons.SaveTemplateIcons();
+}
+
+// A library of a few icons, the first one's caption renamed.
+void SaveIconCaption(Folder& folder, int content) {
+    modIcons icons(folder.services);
+    icons.ReadIconTags();
+    while (icons.tags().size() < 3)
+        icons.AddIcon("icon", QStringLiteral("Icon %1").arg(icons.tags().size()));
+    icons.SetCaption(icons.tags().first().number,
+                     QStringLiteral("Caf\u00e9 %1 ").arg(content).repeated(10 * (content + 1)));
+}
+
+void SaveHolidays(Folder& folder, int content) {
+    HolidayList list = ReadHolidayList(folder.services, "SaveHolidayFile", 2026);
+    QStringList lines;
+    for (int k = 0; k < 20 + content; ++k)
+        lines.append(datefmt::MmDdYy(QDate(2026, 1 + k % 12, 1 + k)) +
+                     QStringLiteral(":F\u00eate %1: list %2").arg(k).arg(content));
+    SaveHolidayList(folder.services, "SaveHolidayFile", list.file, lines);
+}
+
+void SaveBirthdays(Folder& folder, int content) {
+    BirthdayStore birthdays(folder.services, folder.dates);
+    birthdays.ReadBirthdays();
+    constexpr int kPeriods[] = {kNoBirthdayAlert, 0, 1, 3, 5, 7, 10};
+    QList<BirthdayRecord> people;
+    for (int k = 0; k < 20 + content; ++k)
+        people.append({QDate(2026, 1 + k % 12, 1 + k).toString(QStringLiteral("MM/dd")),
+                       kPeriods[k % 7],
+                       QStringLiteral("Zo\u00eb %1 of list %2").arg(k).arg(content),
+                       k % 2 ? kBirthYearNotKept : QString::number(1950 + k)});
+    folder.dialogs.ExpectMsgBox(kBirthdaysUpdatedMessage, vb::OKOnly, {});
+    birthdays.SaveBirthdays(people, true);
+}
+
 struct Store {
     const char* procedure;
     QString file;
@@ -272,50 +319,80 @@ const Store kStores[] = {
     {"SaveFrequentlyUsedTerms", kDefaultTermFile, {}, SaveTerms},
     {"SaveBudget", kBudgetFile, {}, SaveBudget},
     {"SaveMonthIcons", "Sep_Icons.dat", {}, SaveMonthIcons},
+    {"SaveTemplateIcons", kTemplateFile, {}, SaveTemplate},
+    {"SaveIconTags", kIconTagsFile, {}, SaveIconCaption},
+    {"SaveHolidayFile", "Holidays/2026Holidays.dat", {}, SaveHolidays},
+    {"SaveBirthdays", kBirthdaysFile, {}, SaveBirthdays},
 };
 
 const QByteArray kMissing = "<missing>";
-QByteArray ReadBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : kMissing;
-}
 
-// Every file of a folder and its sub-folders with its bytes, by its path in the folder.
-QMap<QString, QByteArray> Snapshot(const QString& folder) {
-    QMap<QString, QByteArray> files;
-    QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        files.insert(QDir(folder).relativeFilePath(path), ReadBytes(path));
-    }
-    return files;
-}
-
-// Makes a folder and its sub-folders writable or read-only for their owner.
+// Makes a folder and its sub-folders writable or read-only for their owner (Qt sets the owner's
+// bit for the user's permission too, when the user is the owner).
 void SetFoldersWritable(const QString& folder, bool writable) {
     QDirIterator it(folder, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
     QStringList folders{folder};
     while (it.hasNext())
         folders.append(it.next());
+    const auto write = QFile::WriteOwner | QFile::WriteUser;
     for (const QString& path : folders) {
         const auto permissions = QFile::permissions(path);
-        QFile::setPermissions(
-            path, writable ? permissions | QFile::WriteOwner : permissions & ~QFile::WriteOwner);
+        QFile::setPermissions(path, writable ? permissions | write : permissions & ~write);
     }
 }
 
-// The child's side of the kill test: saves the contents in turn, from first on, until killed.
-[[noreturn]] void SaveUntilKilled(const Store& store, const QString& path, int first) {
+// The child's side of a kill: saves the content, says when it is done and waits for the kill.
+[[noreturn]] void SaveUntilKilled(const Store& store, const QString& path, int content,
+                                  int channel) {
     Folder folder(path);
-    for (int i = first;; ++i) {
-        store.save(folder, i % kContents);
-        if (!folder.dialogs.Ok())
-            _exit(3);  // a save failed: the parent sees an exit instead of the kill
+    store.save(folder, content);
+    if (!folder.dialogs.Ok())
+        _exit(3);  // a save failed: the parent sees an exit instead of the kill
+    if (::write(channel, "d", 1) != 1)
+        _exit(4);
+    for (;;)
+        ::pause();
+}
+
+// A child that saves a content, killed delay after its save began to write.
+struct KilledSave {
+    bool began = false;  // the save began to write before the kill
+    QString problem;     // the child did not live to be killed
+};
+KilledSave KillSave(const Store& store, const QString& path, int content,
+                    std::chrono::microseconds delay, WriteWatch& watch) {
+    watch.Forget();
+    int channel[2];
+    if (::pipe(channel) != 0)
+        return {false, QStringLiteral("no pipe")};
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::close(channel[0]);
+        SaveUntilKilled(store, path, content, channel[1]);
     }
+    ::close(channel[1]);
+    // A save that never begins to write is killed once it is done.
+    const bool began = child > 0 && watch.WaitForWrite(channel[0]);
+    if (began)
+        SleepFor(delay);
+    if (child > 0)
+        ::kill(child, SIGKILL);
+    int status = 0;
+    const bool killed = child > 0 && ::waitpid(child, &status, 0) == child && WIFSIGNALED(status) &&
+                        WTERMSIG(status) == SIGKILL;
+    ::close(channel[0]);
+    if (!killed)
+        return {began, QStringLiteral("the saving child stopped before it was killed")};
+    return {began, {}};
 }
 
 // The uid and gid of the unprivileged account "nobody".
 constexpr uid_t kNobody = 65534;
+
+// Each store's saves are killed until this many kills have landed while it wrote; more than
+// kMaxKills kills fail the test.
+constexpr int kKillsDuringWrite = 15;
+constexpr int kMaxKills = 100;
 
 }  // namespace
 
@@ -323,12 +400,14 @@ class CrashSafetyTest : public QObject {
     Q_OBJECT
 
     int kills_ = 0;
+    int killsDuringWrite_ = 0;
     QElapsedTimer clock_;
 
 private slots:
     void initTestCase() { clock_.start(); }
     void cleanupTestCase() {
-        qInfo("crash safety: %d kills, %lld ms in all", kills_, clock_.elapsed());
+        qInfo("crash safety: %d kills, %d of them during a write, %lld ms in all", kills_,
+              killsDuringWrite_, clock_.elapsed());
     }
 
     void killedSaveLeavesOldOrNewFile_data() {
@@ -337,6 +416,8 @@ private slots:
             QTest::newRow(kStores[i].procedure) << i;
     }
 
+    // A child saves the content that follows the file's, and is killed at a random moment
+    // once it has begun to write.
     void killedSaveLeavesOldOrNewFile() {
         QFETCH(int, store);
         const Store& s = kStores[store];
@@ -347,7 +428,7 @@ private slots:
             QTemporaryDir clean;
             Folder saved(clean.path());
             s.save(saved, i);
-            bytes.append(ReadBytes(saved.services.PathOf(s.file)));
+            bytes.append(ReadFolderFiles(clean.path()).value(s.file, kMissing));
             VERIFY_DIALOGS(saved.dialogs);
         }
         QVERIFY(bytes[0] != bytes[1] && bytes[1] != bytes[2] && bytes[0] != bytes[2]);
@@ -355,49 +436,58 @@ private slots:
         QTemporaryDir dir;
         Folder folder(dir.path());
         s.save(folder, 0);
-        const QString file = folder.services.PathOf(s.file);
-        const QString backup = s.backup.isEmpty() ? QString() : folder.services.PathOf(s.backup);
-        int current = 0;
-        for (int kill = 1; kill <= kKillsPerStore; ++kill) {
-            // From a few microseconds (the child has barely started) to a few saves in.
-            const auto delay = static_cast<useconds_t>(
-                std::exp(QRandomGenerator::global()->bounded(std::log(5000.0))));
-            const pid_t child = ::fork();
-            QVERIFY(child >= 0);
-            if (child == 0)
-                SaveUntilKilled(s, dir.path(), current + 1);
-            ::usleep(delay);
-            ::kill(child, SIGKILL);
-            int status = 0;
-            QCOMPARE(::waitpid(child, &status, 0), child);
-            QVERIFY2(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL,
-                     "the saving child stopped before it was killed");
+        QStringList names = ReadFolderFiles(dir.path()).keys();
+        // The first kills come within half the time a save of a file like the one they will
+        // cut short takes: its writes and syncs.
+        QElapsedTimer timer;
+        timer.start();
+        s.save(folder, 1);
+        KillAim aim(std::chrono::microseconds(timer.nsecsElapsed() / 2000));
+        int current = 1;
+        WriteWatch watch({QFileInfo(dir.filePath(s.file)).path()});
+        while (aim.DuringWrite() < kKillsDuringWrite) {
+            QVERIFY2(aim.Kills() < kMaxKills, qPrintable(aim.Summary()));
+            const int next = (current + 1) % kContents;
+            const auto delay = aim.NextDelay();
+            const KilledSave killed = KillSave(s, dir.path(), next, delay, watch);
+            QVERIFY2(killed.problem.isEmpty(), qPrintable(killed.problem));
 
-            const QString after = QStringLiteral("after kill %1 (%2 us): ").arg(kill).arg(delay);
-            const QByteArray now = ReadBytes(file);
-            const int j = int(bytes.indexOf(now));
-            QVERIFY2(j >= 0, qPrintable(after + s.file + " is " + now.left(60)));
-            if (!backup.isEmpty()) {
-                const QByteArray saved = ReadBytes(backup);
+            const QString after =
+                QStringLiteral("after kill %1 (%2 us): ").arg(aim.Kills() + 1).arg(delay.count());
+            const FolderFiles files = ReadFolderFiles(dir.path());
+            const QByteArray now = files.value(s.file, kMissing);
+            QVERIFY2(now == bytes[current] || now == bytes[next],
+                     qPrintable(after + s.file + " is " + now.left(60)));
+            if (!s.backup.isEmpty()) {
+                const QByteArray saved = files.value(s.backup, kMissing);
                 const int b = int(bytes.indexOf(saved));
                 QVERIFY2(saved == kMissing || b >= 0, qPrintable(after + "the backup is torn"));
-                QVERIFY2(b != (j + 1) % kContents, qPrintable(after + "the backup is newer"));
+                QVERIFY2(b != (bytes.indexOf(now) + 1) % kContents,
+                         qPrintable(after + "the backup is newer"));
             }
-            current = j;
+            // Until the rename puts the new content in place, the save is writing.
+            aim.Record(killed.began && now != bytes[next] ? Landed::DuringWrite
+                                                          : Landed::AfterWrite);
+            if (now == bytes[next])
+                current = next;
         }
+        qInfo("%s: %s", s.procedure, qPrintable(aim.Summary()));
 
         // A save that runs to its end makes the old file the backup and replaces whatever the
         // kills left behind.
         const int next = (current + 1) % kContents;
         s.save(folder, next);
         VERIFY_DIALOGS(folder.dialogs);
-        QCOMPARE(ReadBytes(file), bytes[next]);
-        if (!backup.isEmpty())
-            QCOMPARE(ReadBytes(backup), bytes[current]);
-        const QStringList names =
-            backup.isEmpty() ? QStringList{s.file} : QStringList{s.backup, s.file};
-        QCOMPARE(Snapshot(dir.path()).keys(), names);
-        kills_ += kKillsPerStore;
+        const FolderFiles files = ReadFolderFiles(dir.path());
+        QCOMPARE(files.value(s.file), bytes[next]);
+        if (!s.backup.isEmpty()) {
+            QCOMPARE(files.value(s.backup), bytes[current]);
+            names.append(s.backup);
+            names.sort();
+        }
+        QCOMPARE(files.keys(), names);
+        kills_ += aim.Kills();
+        killsDuringWrite_ += aim.DuringWrite();
     }
 
     void failedSaveReportsAndKeepsOldFile_data() {
@@ -416,8 +506,8 @@ private slots:
     }
 
     // The failing save runs in a child: as root, the child gives up its rights so that the
-    // folder's permissions apply; a full disk is a file size limit of zero, which fails every
-    // write.
+    // folder's permissions apply; a full disk is a small tmpfs of the child's own, filled up
+    // after the data folder was copied onto it.
     void failedSaveReportsAndKeepsOldFile() {
         QFETCH(int, store);
         QFETCH(bool, fullDisk);
@@ -425,12 +515,13 @@ private slots:
         QFETCH(QString, description);
         const Store& s = kStores[store];
         QTemporaryDir dir;
-        const QString path = dir.path() + QStringLiteral("/data");
-        QVERIFY(QDir().mkdir(path));
+        const QString path = dir.filePath(QStringLiteral("data"));
+        const QString disk = dir.filePath(QStringLiteral("disk"));
+        QVERIFY(QDir().mkdir(path) && QDir().mkdir(disk));
         Folder folder(path);
         s.save(folder, 0);
         s.save(folder, 1);
-        const auto before = Snapshot(path);
+        const FolderFiles before = ReadFolderFiles(path);
         const auto writable = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
                               QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther |
                               QFile::ExeOther;
@@ -444,10 +535,13 @@ private slots:
         QVERIFY(child >= 0);
         if (child == 0) {
             ::close(channel[0]);
+            QString saving = path;
             if (fullDisk) {
-                ::signal(SIGXFSZ, SIG_IGN);
-                const rlimit none{0, 0};
-                if (::setrlimit(RLIMIT_FSIZE, &none) != 0)
+                if (!MountSmallDisk(disk, 1024))
+                    _exit(6);
+                saving = disk + QStringLiteral("/data");
+                if (!RestoreFolderFiles(saving, before) ||
+                    !FillDisk(disk + QStringLiteral("/filler")))
                     _exit(5);
             } else if (::geteuid() == 0) {
                 if (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 ||
@@ -455,34 +549,42 @@ private slots:
                     _exit(5);
             }
             if (!fullDisk && ::access(QFile::encodeName(path).constData(), W_OK) == 0)
-                _exit(6);
-            Folder saving(path);
-            s.save(saving, 2);
+                _exit(7);
+            Folder failing(saving);
+            s.save(failing, 2);
+            FolderFiles after = ReadFolderFiles(saving);
+            after.remove(QStringLiteral("Error.log"));
             QFile report;
             report.open(channel[1], QIODevice::WriteOnly);
-            report.write(saving.dialogs.shown().join(u'\n').toUtf8());
+            QDataStream out(&report);
+            out << failing.dialogs.shown() << after;
             report.close();
             _exit(0);
         }
         ::close(channel[1]);
-        QFile boxes;
-        boxes.open(channel[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
-        const QString shown = QString::fromUtf8(boxes.readAll());
-        boxes.close();
+        QFile report;
+        report.open(channel[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+        QDataStream reported(report.readAll());
+        report.close();
         int status = 0;
         QCOMPARE(::waitpid(child, &status, 0), child);
         SetFoldersWritable(path, true);
         QVERIFY(WIFEXITED(status));
         if (WEXITSTATUS(status) == 6)
+            QSKIP(
+                "this machine allows no tmpfs to be mounted (as root, or in a user namespace "
+                "of one's own): no real full disk to try");
+        if (WEXITSTATUS(status) == 7)
             QSKIP("folder permissions do not apply to this user");
         QCOMPARE(WEXITSTATUS(status), 0);
+        QStringList shown;
+        FolderFiles after;
+        reported >> shown >> after;
 
         // The report, then the log that cannot be written either.
-        const QString report = folder.services.ErrorReport(s.procedure, number, description);
-        QCOMPARE(shown, QStringLiteral("Program Error | ") + report +
-                            QStringLiteral("\n | Error writing to Error.log."));
-        auto after = Snapshot(path);
-        after.remove(QStringLiteral("Error.log"));
+        const QString message = folder.services.ErrorReport(s.procedure, number, description);
+        QCOMPARE(shown.join(u'\n'), QStringLiteral("Program Error | ") + message +
+                                        QStringLiteral("\n | Error writing to Error.log."));
         QCOMPARE(after, before);
     }
 };
